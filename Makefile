@@ -1,0 +1,32 @@
+# What one types every day. CMakePresets.json holds the builds, docs/building.md the explanations.
+
+.PHONY: build demo test check-format format tidy clean install-dependencies
+
+build:
+	cmake --preset release
+	cmake --build --preset release
+
+demo:
+	@scripts/install_dependencies demo
+	@scripts/build_quietly demo
+	@build/demo/bin/macroctl run --board examples/scripts/bringup.mac
+
+test:
+	@scripts/install_dependencies
+	@scripts/run_tests release clang asan tsan
+
+check-format:
+	@scripts/check_format
+
+format:
+	@scripts/check_format --fix
+
+tidy:
+	@scripts/build_quietly clang
+	run-clang-tidy -quiet -p build/clang '$(CURDIR)/(src|tools|examples)/'
+
+clean:
+	rm -rf build
+
+install-dependencies:
+	@scripts/install_dependencies

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "macroengine/CMacroCategoryBase.h"
+#include "runtime/CMacroCommonValue.h"
+#include "runtime/SourceUnit.h"
+
+namespace macroengine {
+
+/// One command of a category, with all who provide it.
+struct CommandEntry {
+    struct Provider {
+        std::string nameSpace;
+        CMacroCategoryBase* command;
+        CMacroCategoryBase* companion;
+    };
+
+    std::string category;
+    std::string property;  ///< empty for a call of a category that needs a command's name and has none
+    std::vector<Provider> providers;
+
+    /// The provider that the namespace in force chooses, as of a generation of the list.
+    CMacroCategoryBase* chosen = nullptr;
+    std::uint64_t generation = 0;
+
+    /// @return "category.property".
+    std::string GetName() const { return category + "." + property; }
+};
+
+/// The operands of a call, resolved.
+struct CallOperands {
+    const std::vector<CMacroCommonValue>& arguments;
+    const CMacroCommonValue* assigned;  ///< null when nothing is assigned to the call
+};
+
+}  // namespace macroengine
+
+/// The commands of one macro file: the built-in ones and those that the host registers.
+///
+/// Names compare byte by byte. One provider of a command is always reachable; with two or more the current
+/// namespace chooses.
+class CMacroCategoryCmdList {
+public:
+    /// Registers the built-in commands.
+    /// @param nameSpace  the first element of the stack of namespaces.
+    explicit CMacroCategoryCmdList(const std::string& nameSpace);
+    CMacroCategoryCmdList(const CMacroCategoryCmdList&) = delete;
+    CMacroCategoryCmdList& operator=(const CMacroCategoryCmdList&) = delete;
+    virtual ~CMacroCategoryCmdList();
+
+    /// Registers a command under the names that it carries. The first registration of a name stays.
+    ///
+    /// @param companion  kept beside the command; may be null.
+    /// @param command    not owned.
+    /// @param bareCall   whether the category is called without a command's name.
+    /// @return false for a null command, for a category that exists with the other `bareCall`, and for a
+    /// command
+    ///         without a name whose category has no default.
+    bool AddCategoryCommand(CMacroCategoryBase* companion, CMacroCategoryBase* command, bool bareCall);
+
+    /// As AddCategoryCommand; the list destroys the command.
+    void AddOwned(std::unique_ptr<CMacroCategoryBase> command, bool bareCall);
+
+    /// @return whether the category is known and, unless `property` is empty, has a command of that name.
+    bool IsCategory(std::string_view category, std::string_view property) const;
+
+    /// Finds what a call means: the command named, or with an empty `property` the default of the category.
+    /// @return null when the category or the command is unknown. It stays valid as long as the list.
+    macroengine::CommandEntry* FindEntry(std::string_view category, std::string_view property) const;
+
+    /// @return the command that a script would run under the namespace in force, or null.
+    CMacroCategoryBase* FindCommand(std::string_view category, std::string_view property) const;
+
+    /// Makes a namespace current. The empty text goes back to the one before, if there is one.
+    /// @return false for a namespace under which nothing is registered.
+    bool SetCurrentNamespace(std::string_view name);
+
+    /// Runs a command.
+    ///
+    /// @param result  receives what the command has set, of kind none if nothing.
+    /// @return false with the reason in the unit's errors.
+    bool Execute(macroengine::CommandEntry& entry, macroengine::SourceUnit& unit, std::uint32_t line,
+                 const macroengine::CallOperands& operands, macroengine::CMacroCommonValue& result);
+
+private:
+    struct CategoryEntry {
+        std::string name;
+        bool bareCall = false;
+        std::string defaultProperty;
+        macroengine::CommandEntry
+            unnamed;  ///< what a call without a command's name means if there is no default
+        std::unordered_map<std::string_view, std::unique_ptr<macroengine::CommandEntry>> commands;
+    };
+
+    CategoryEntry& EnterCategory(const char* name, bool bareCall, const char* property);
+    CMacroCategoryBase* Choose(macroengine::CommandEntry& entry) const;
+    bool IsKnownNamespace(std::string_view name) const;
+
+    std::unordered_map<std::string_view, std::unique_ptr<CategoryEntry>> categories_;
+    std::vector<std::string> knownNamespaces_;
+    std::vector<std::string> namespaceStack_;  ///< the last one is current
+    std::vector<std::unique_ptr<CMacroCategoryBase>> owned_;
+    std::uint64_t generation_ = 1;  ///< raised by whatever may change the choice of a provider
+};

@@ -1,0 +1,226 @@
+#include "compiler/ExpressionParser.h"
+
+#include <string>
+#include <utility>
+
+#include "compiler/NestingGuard.h"
+#include "runtime/CMacroStatementCompare.h"
+#include "runtime/CMacroStatementOperate.h"
+
+// The binary operators of an expression are parsed by one loop that calls itself for whatever binds tighter;
+// a condition has a level of its own for each of its two operators. Calls are nested no deeper than the
+// parentheses and subscripts of the source, which the nesting guards bound.
+
+namespace macroengine {
+
+namespace {
+
+constexpr int kLoosest = 1;
+
+/// @return how tight the operator binds, 0 for a token that is no operator of an expression.
+int PrecedenceOf(TokenCode code) {
+    switch (code) {
+        case TokenCode::ShiftLeft:
+        case TokenCode::ShiftRight:
+            return kLoosest;
+        case TokenCode::BitOr:
+            return 2;
+        case TokenCode::BitAnd:
+            return 3;
+        case TokenCode::Plus:
+        case TokenCode::Minus:
+            return 4;
+        case TokenCode::Times:
+        case TokenCode::Divide:
+            return 5;
+        default:
+            return 0;
+    }
+}
+
+bool EndsExpression(TokenCode code) {
+    return code <= TokenCode::LineEnd || code == TokenCode::CloseParenthesis;
+}
+
+bool IsComparison(TokenCode code) {
+    return code >= TokenCode::Equal && code <= TokenCode::GreaterOrEqual;
+}
+
+bool IsNumber(TokenCode code) {
+    return code == TokenCode::Integer || code == TokenCode::Real;
+}
+
+bool CanBeSubscript(ValueKind kind) {
+    return kind == ValueKind::Integer || kind == ValueKind::VariableReference ||
+           kind == ValueKind::ElementReference;
+}
+
+}  // namespace
+
+/// Inserts a statement that operates on two operands. @return an operand that stands for its result.
+template <class Statement>
+CMacroCommonValue ExpressionParser::Emit(std::string_view op, CMacroCommonValue left,
+                                         CMacroCommonValue right) {
+    auto statement = compiler_.Make<Statement>();
+    statement->SetLeft(std::move(left));
+    statement->SetRight(std::move(right));
+    statement->SetOperator(op);
+    return CMacroCommonValue::ResultReference(&compiler_.Insert(std::move(statement))->GetResult());
+}
+
+// Operands
+
+bool ExpressionParser::ParseOperand(CMacroCommonValue& operand) {
+    Token token;
+    TokenCode code;
+    if (!compiler_.Read(token, code)) return false;
+    switch (code) {
+        case TokenCode::Name:
+            return ParseVariable(token, operand);
+        case TokenCode::Integer:
+            operand = CMacroCommonValue::Integer(static_cast<std::int32_t>(token.integerValue));
+            return true;
+        case TokenCode::Real:
+            operand = CMacroCommonValue::Floating(token.realValue);
+            return true;
+        case TokenCode::String:
+            operand = CMacroCommonValue::String(token.text.substr(1, token.text.size() - 2));
+            return true;
+        default:
+            return compiler_.ReportSyntaxError(token, ". Can't find Variable or value.");
+    }
+}
+
+bool ExpressionParser::ParseVariable(const Token& name, CMacroCommonValue& operand) {
+    Variable& variable = compiler_.GetVariables().Bind(name.text);
+    std::vector<CMacroCommonValue> subscripts;
+    TokenCode code;
+    if (!compiler_.Peek(code)) return false;
+    while (code == TokenCode::OpenBracket) {
+        if (!ParseSubscript(subscripts) || !compiler_.Peek(code)) return false;
+    }
+    operand = subscripts.empty() ? CMacroCommonValue::VariableReference(variable)
+                                 : CMacroCommonValue::Element(variable, std::move(subscripts));
+    return true;
+}
+
+bool ExpressionParser::ParseSubscript(std::vector<CMacroCommonValue>& subscripts) {
+    Token bracket;
+    TokenCode code;
+    if (!compiler_.Read(bracket, code)) return false;
+    const NestingGuard nesting(subscriptDepth_);
+    if (nesting.IsTooDeep()) return compiler_.ReportNesting(bracket.line, "[");
+    CMacroCommonValue subscript;
+    if (!ParseOperand(subscript) || !compiler_.Expect(TokenCode::CloseBracket)) return false;
+    if (!CanBeSubscript(subscript.GetType())) return false;
+    subscripts.push_back(std::move(subscript));
+    return true;
+}
+
+// Expressions
+
+bool ExpressionParser::ParseExpression(CMacroCommonValue& operand) {
+    return ParseBinary(kLoosest, operand);
+}
+
+/// Parses operands joined by operators that bind at least as tight as `loosest`.
+bool ExpressionParser::ParseBinary(int loosest, CMacroCommonValue& left) {
+    TokenCode code;
+    if (!ParsePrimary(left) || !PeekOperator(code)) return false;
+    while (PrecedenceOf(code) >= loosest) {
+        Token op;
+        CMacroCommonValue right;
+        if (!compiler_.Read(op, code) || !ParseBinary(PrecedenceOf(code) + 1, right)) return false;
+        left = Emit<CMacroStatementOperate>(op.text, std::move(left), std::move(right));
+        if (!PeekOperator(code)) return false;
+    }
+    return true;
+}
+
+/// Looks at what follows an operand: an operator, or what may end an expression.
+bool ExpressionParser::PeekOperator(TokenCode& code) {
+    const Token* token;
+    if (!compiler_.Peek(token, code)) return false;
+    if (IsNumber(code) && token->text.front() == '-') {
+        // The lexer takes the sign of "a-1" for a part of the number; here it can only be the operator.
+        compiler_.GetLexer().SplitNegativeNumber();
+        return compiler_.Peek(code);
+    }
+    return PrecedenceOf(code) != 0 || EndsExpression(code) || compiler_.ReportSyntaxErrorOnNext();
+}
+
+bool ExpressionParser::ParsePrimary(CMacroCommonValue& operand) {
+    const Token* next;
+    TokenCode code;
+    if (!compiler_.Peek(next, code)) return false;
+    const Token first = *next;
+    if (code == TokenCode::OpenParenthesis) {
+        const NestingGuard nesting(parenthesisDepth_);
+        if (nesting.IsTooDeep()) return compiler_.ReportNesting(first.line, "(");
+        return compiler_.Expect(TokenCode::OpenParenthesis) && ParseBinary(kLoosest, operand) &&
+               compiler_.Expect(TokenCode::CloseParenthesis);
+    }
+    if (!ParseOperand(operand)) return false;
+    if (operand.GetType() == ValueKind::VariableReference) {
+        if (!compiler_.Peek(code)) return false;
+        if (code == TokenCode::Point) return compiler_.ReportNoCategory(first);
+    }
+    return true;
+}
+
+// Conditions
+
+bool ExpressionParser::ParseCondition(CMacroCommonValue& operand) {
+    return ParseLogical(TokenCode::LogicalOr, operand);
+}
+
+/// Parses conditions joined by one of the two logical operators.
+bool ExpressionParser::ParseLogical(TokenCode op, CMacroCommonValue& left) {
+    const auto parseNext = [&](CMacroCommonValue& operand) {
+        return op == TokenCode::LogicalOr ? ParseLogical(TokenCode::LogicalAnd, operand)
+                                          : ParseConditionPrimary(operand);
+    };
+    TokenCode code;
+    if (!parseNext(left) || !compiler_.Peek(code)) return false;
+    while (code == op) {
+        Token token;
+        CMacroCommonValue right;
+        if (!compiler_.Read(token, code) || !parseNext(right)) return false;
+        left = Emit<CMacroStatementCompare>(token.text, std::move(left), std::move(right));
+        if (!compiler_.Peek(code)) return false;
+    }
+    return true;
+}
+
+bool ExpressionParser::ParseConditionPrimary(CMacroCommonValue& operand) {
+    const Token* next;
+    TokenCode code;
+    if (!compiler_.Peek(next, code)) return false;
+    if (code == TokenCode::OpenParenthesis) {
+        const NestingGuard nesting(parenthesisDepth_);
+        if (nesting.IsTooDeep()) return compiler_.ReportNesting(next->line, "(");
+        if (!compiler_.Expect(TokenCode::OpenParenthesis) || !ParseCondition(operand) ||
+            !compiler_.Expect(TokenCode::CloseParenthesis)) {
+            return false;
+        }
+    } else if (!ParseComparison(operand)) {
+        return false;
+    }
+    if (!compiler_.Peek(code)) return false;
+    return EndsExpression(code) || code == TokenCode::LogicalAnd || code == TokenCode::LogicalOr ||
+           compiler_.ReportSyntaxErrorOnNext();
+}
+
+bool ExpressionParser::ParseComparison(CMacroCommonValue& operand) {
+    CMacroCommonValue left;
+    CMacroCommonValue right;
+    Token op;
+    TokenCode code;
+    if (!ParseOperand(left) || !compiler_.Read(op, code)) return false;
+    if (!IsComparison(code)) return compiler_.ReportSyntaxError(op);
+    if (!ParseOperand(right)) return false;
+    operand = Emit<CMacroStatementCompare>(op.text, std::move(left), std::move(right));
+    return true;
+}
+
+}  // namespace macroengine

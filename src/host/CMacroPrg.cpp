@@ -1,0 +1,225 @@
+#include "host/CMacroPrg.h"
+
+#include <new>
+#include <utility>
+
+#include "platform/Clock.h"
+#include "platform/NativePath.h"
+
+namespace macroengine {
+
+namespace {
+
+constexpr std::uint32_t kPausePollMilliseconds = 10;
+constexpr const char* kAborted = "Macro aborted.";
+constexpr const char* kNothingToRun = "Nothing macro sequence.";
+constexpr const char* kRunTimeError = "run time error !";
+
+}  // namespace
+
+CMacroPrg::CMacroPrg() = default;
+
+CMacroPrg::~CMacroPrg() = default;
+
+SourceUnit& CMacroPrg::AddSourceUnit(std::string fileName, std::uint32_t compileNumber) {
+    SourceUnit& unit = units_.emplace_back();
+    unit.fileName = std::move(fileName);
+    unit.compileNumber = compileNumber;
+    return unit;
+}
+
+bool CMacroPrg::Fail(const char* text) {
+    errors_.AddError(text);
+    return false;
+}
+
+bool CMacroPrg::IsInLastGroup(const CMacroStatementBase& statement) const {
+    const CMacroStatementBase& first = *statements_[groupStarts_.back()];
+    return first.GetLineNumber() == statement.GetLineNumber() &&
+           first.GetCompileNumber() == statement.GetCompileNumber() &&
+           (&first.GetUnit() == &statement.GetUnit() || first.GetFileName() == statement.GetFileName());
+}
+
+bool CMacroPrg::InsertMacroNode(std::unique_ptr<CMacroStatementBase> statement, Grouping grouping) {
+    if (statement == nullptr) {
+        return Fail("internal error: NULL macro registerd at CMacroPrg::InsertMacroNode()");
+    }
+    SetState(State::Loading);
+    const bool beginsGroup = groupStarts_.empty() || grouping == Grouping::Alone ||
+                             (grouping == Grouping::BySourceLine && !IsInLastGroup(*statement));
+    if (grouping == Grouping::WithLastGroup && !beginsGroup) {
+        statement->SetLineNumber(statements_.front()->GetLineNumber());
+    }
+    if (beginsGroup) groupStarts_.push_back(static_cast<std::uint32_t>(statements_.size()));
+    statements_.push_back(std::move(statement));
+    SetState(State::Loaded);
+    return true;
+}
+
+void CMacroPrg::SetLineNotification(std::uint32_t code, HWND target, std::uint32_t enableCount) {
+    lineNotification_ = {code, target, enableCount};
+}
+
+void CMacroPrg::SetErrorHandling(bool stopOnError, HWND target, std::uint32_t code) {
+    stopOnError_ = stopOnError;
+    errorTarget_ = target;
+    errorCode_ = code;
+}
+
+bool CMacroPrg::RequestAbort() {
+    State state = GetState();
+    while (state == State::Running || state == State::StepRunning || state == State::Breaking) {
+        if (state_.compare_exchange_weak(state, State::Aborting)) return true;
+    }
+    return false;
+}
+
+bool CMacroPrg::Run() {
+    switch (GetState()) {
+        case State::Empty:
+            return Fail(kNothingToRun);
+        case State::Loading:
+            return Fail("Can't run macro, because file is loading now..");
+        case State::Running:
+            return Fail("internal error. Recieve run-request during running.");
+        case State::StepRunning:
+            return Fail("internal error. Recieve run-request during step-running.");
+        case State::Breaking:
+            return Fail("internal error. Recieve run-request during breaking.");
+        case State::Aborting:
+            return Fail("internal error. Recieve run-request during aborting.");
+        case State::Loaded:
+        case State::Finished:
+        case State::Aborted:
+        case State::Failed:
+            break;
+        default:
+            return false;
+    }
+    if (groupStarts_.empty()) {
+        Fail(kNothingToRun);
+        return Fail(kRunTimeError);
+    }
+    SetState(State::Running);
+    try {
+        return RunGroups();
+    } catch (const std::bad_alloc&) {
+        SetState(State::Failed);
+        FailAt(*statements_[current_], "Memory allocation error");
+        return FailAt(*statements_[current_], kRunTimeError);
+    }
+}
+
+/// Makes the work directory absolute, or at least relative to the folder that the source path is relative to.
+void CMacroPrg::ResolveWorkDirectory() {
+    const bool isRoot = workDirectory_ == "/";
+    if (isRoot || (workDirectory_.size() >= 2 && platform::IsAbsolute(workDirectory_))) return;
+    const std::string folder = platform::CollapseDoubledBackslashes(platform::FolderOf(sourcePath_));
+    workDirectory_ = folder + "\\" + workDirectory_;
+}
+
+bool CMacroPrg::RunGroups() {
+    ResolveWorkDirectory();
+    // A copy, as a command may set another work directory for the run that follows.
+    runWorkDirectory_ = workDirectory_;
+    for (SourceUnit& unit : units_)
+        unit.workFolder = &runWorkDirectory_;
+    passedError_ = false;
+
+    const std::size_t count = groupStarts_.size();
+    std::size_t group = 0;
+    while (group < count) {
+        current_ = groupStarts_[group];
+        const std::size_t end = group + 1 < count ? groupStarts_[group + 1] : statements_.size();
+        switch (WaitAtGate(statements_[current_]->HasBreakFlag())) {
+            case Gate::Open:
+                break;
+            case Gate::Finished:
+                return true;
+            case Gate::Closed:
+                return false;
+        }
+        ++group;
+        for (; current_ < end; ++current_) {
+            CMacroStatementBase& statement = *statements_[current_];
+            if (!statement.vfRun() && !PassOver(statement)) return false;
+            if (IsAborted()) return FailAt(statement, kAborted);
+            const std::int32_t next = statement.GetNextIndex();
+            if (next != CMacroStatementBase::kNextInOrder) {
+                group = static_cast<std::uint32_t>(next);
+                break;
+            }
+        }
+        State state = GetState();
+        if (state == State::StepRunning) state_.compare_exchange_strong(state, State::Breaking);
+    }
+    return Finish();
+}
+
+bool CMacroPrg::IsAborted() const {
+    const State state = GetState();
+    return state == State::Aborting || state == State::Aborted;
+}
+
+/// Lets a group begin when the state allows it; while the program is paused it waits here.
+CMacroPrg::Gate CMacroPrg::WaitAtGate(bool breakFlag) {
+    if (breakFlag) {
+        // An abort that has come meanwhile is not to be lost.
+        for (State running : {State::Running, State::StepRunning}) {
+            if (state_.compare_exchange_strong(running, State::Breaking)) break;
+        }
+    }
+    for (;;) {
+        switch (GetState()) {
+            case State::Running:
+            case State::StepRunning:
+                return Gate::Open;
+            case State::Breaking:
+                platform::SleepMilliseconds(kPausePollMilliseconds);
+                break;
+            case State::Finished:
+                return Gate::Finished;
+            case State::Aborting:
+            case State::Aborted:
+                Fail(kAborted);
+                return Gate::Closed;
+            default:
+                Fail("internal error.");
+                return Gate::Closed;
+        }
+    }
+}
+
+bool CMacroPrg::FailAt(const CMacroStatementBase& statement, const char* text) {
+    errors_.AddLocatedError(statement.GetFileName().c_str(),
+                            static_cast<std::int32_t>(statement.GetLineNumber()), text);
+    return false;
+}
+
+/// Collects what a failed statement has reported.
+/// @return whether the run goes on.
+bool CMacroPrg::PassOver(CMacroStatementBase& statement) {
+    passedError_ = true;
+    errors_.TakeErrors(statement.GetErrors());
+    FailAt(statement, kRunTimeError);
+    if (stopOnError_) {
+        SetState(State::Failed);
+        return false;
+    }
+    // With a target the lines of an error passed over go nowhere else.
+    if (errorTarget_ != nullptr) errors_.Clear();
+    return true;
+}
+
+/// Ends a run that has come to the end of its program. An abort that is requested at this very moment is seen
+/// by either this run or nobody: the request tells its caller which.
+bool CMacroPrg::Finish() {
+    State state = GetState();
+    while (state != State::Aborting && state != State::Aborted) {
+        if (state_.compare_exchange_weak(state, passedError_ ? State::Failed : State::Finished))
+            return !passedError_;
+    }
+    return Fail(kAborted);
+}
+
+}  // namespace macroengine

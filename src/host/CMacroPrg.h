@@ -1,0 +1,122 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/CErrorMessageTable.h"
+#include "macroengine/WindowHandle.h"
+#include "runtime/CMacroStatementBase.h"
+#include "runtime/SourceUnit.h"
+#include "runtime/VariableTable.h"
+
+namespace macroengine {
+
+/// A compiled program and the machine that runs it.
+///
+/// Statements form groups, one for each source line; control statements jump to groups by their index. One
+/// word holds the state: another thread may change it (RequestAbort), everything else belongs to the thread
+/// that runs.
+class CMacroPrg {
+public:
+    enum class State : std::int32_t {
+        Empty = 0,
+        Loading = 1,
+        Loaded = 2,
+        Running = 3,
+        StepRunning = 4,  ///< executes one group, then pauses
+        Breaking = 5,     ///< paused
+        Finished = 6,
+        Aborting = 7,
+        Aborted = 8,
+        Failed = 9
+    };
+
+    /// How InsertMacroNode chooses the group of a statement.
+    enum class Grouping {
+        BySourceLine =
+            0,      ///< joins the last group if its first statement is of the same file, inclusion and line
+        Alone = 1,  ///< begins a group
+        WithLastGroup = 2,  ///< joins the last group, under the line of the program's first statement
+    };
+
+    CMacroPrg();
+    CMacroPrg(const CMacroPrg&) = delete;
+    CMacroPrg& operator=(const CMacroPrg&) = delete;
+    virtual ~CMacroPrg();
+
+    /// Adds a statement at the end.
+    /// @return false for null, which is reported.
+    bool InsertMacroNode(std::unique_ptr<CMacroStatementBase> statement, Grouping grouping);
+
+    /// @return what the statements of a file that is being compiled share; it lives as long as the program.
+    SourceUnit& AddSourceUnit(std::string fileName, std::uint32_t compileNumber);
+
+    std::int32_t GetGroupCount() const { return static_cast<std::int32_t>(groupStarts_.size()); }
+    VariableTable& GetVariables() { return variables_; }
+    CErrorMessageTable& GetErrors() { return errors_; }
+
+    /// Runs the program on the calling thread.
+    /// @return false with the reason in GetErrors().
+    bool Run();
+
+    /// Asks a run to end. May be called from any thread.
+    /// @return true when there was a run that will see it.
+    bool RequestAbort();
+
+    State GetState() const { return state_.load(std::memory_order_acquire); }
+
+    /// Pauses, continues or single-steps a run, from any thread.
+    void SetState(State state) { state_.store(state, std::memory_order_release); }
+
+    /// The path of the macro file, from which a relative work directory is resolved.
+    void SetSourcePath(const std::string& path) { sourcePath_ = path; }
+
+    void SetWorkDirectory(std::string directory) { workDirectory_ = std::move(directory); }
+    const std::string& GetWorkDirectory() const { return workDirectory_; }
+
+    void SetLineNotification(std::uint32_t code, HWND target, std::uint32_t enableCount);
+    void SetErrorHandling(bool stopOnError, HWND target, std::uint32_t code);
+
+private:
+    struct Notification {
+        std::uint32_t code;
+        HWND target;
+        std::uint32_t enableCount;
+    };
+
+    enum class Gate { Open, Finished, Closed };
+
+    bool IsInLastGroup(const CMacroStatementBase& statement) const;
+    void ResolveWorkDirectory();
+    bool RunGroups();
+    bool IsAborted() const;
+    Gate WaitAtGate(bool breakFlag);
+    bool PassOver(CMacroStatementBase& statement);
+    bool Finish();
+    bool Fail(const char* text);
+    bool FailAt(const CMacroStatementBase& statement, const char* text);
+
+    // The statements are destroyed first: they refer to the units and to the variables.
+    VariableTable variables_;
+    std::deque<SourceUnit> units_;
+    std::vector<std::unique_ptr<CMacroStatementBase>> statements_;
+    std::vector<std::uint32_t> groupStarts_;  ///< for each group the index of its first statement
+
+    CErrorMessageTable errors_;
+    std::atomic<State> state_{State::Empty};
+    std::size_t current_ = 0;   ///< the statement that is running
+    bool passedError_ = false;  ///< in this run
+    std::string workDirectory_;
+    std::string runWorkDirectory_;  ///< what the statements of this run see
+    std::string sourcePath_;
+    Notification lineNotification_{0xFFFFFFFF, nullptr, 0};
+    bool stopOnError_ = true;
+    HWND errorTarget_ = nullptr;
+    std::uint32_t errorCode_ = 0;
+};
+
+}  // namespace macroengine

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "runtime/SharedArray.h"
+#include "runtime/SharedText.h"
+#include "runtime/ValueView.h"
+
+namespace macroengine {
+
+/// The one value of the language: a literal, the content of a variable, a result, an argument. As the operand
+/// of a statement it may also stand for a variable, for an element of one, or for the result of another
+/// statement.
+///
+/// Copies are independent of each other, and cheap: what is long is shared until it is written to. A value
+/// and its copies belong to one program and so to one thread.
+class CMacroCommonValue {
+public:
+    CMacroCommonValue() noexcept = default;
+    CMacroCommonValue(const CMacroCommonValue& other) : CMacroCommonValue(other.view_) {}
+    CMacroCommonValue(CMacroCommonValue&& other) noexcept : view_(std::exchange(other.view_, ValueView())) {}
+
+    /// Takes a share in what the view sees.
+    explicit CMacroCommonValue(const ValueView& view) : view_(view) { Retain(view_); }
+
+    virtual ~CMacroCommonValue() { macroengine::Release(view_); }
+
+    CMacroCommonValue& operator=(const CMacroCommonValue& other) {
+        Assign(other.view_);
+        return *this;
+    }
+
+    CMacroCommonValue& operator=(CMacroCommonValue&& other) noexcept {
+        std::swap(view_, other.view_);
+        return *this;
+    }
+
+    static CMacroCommonValue Integer(std::int32_t value);
+    static CMacroCommonValue Floating(double value);
+    static CMacroCommonValue String(std::string_view text);
+    static CMacroCommonValue Boolean(bool value);
+
+    /// @param array  its reference goes over to the value.
+    static CMacroCommonValue Array(SharedArray* array);
+
+    /// An operand that stands for a variable of the program.
+    static CMacroCommonValue VariableReference(Variable& variable);
+
+    /// An operand that stands for a result, which outlives it; null stands for no value.
+    static CMacroCommonValue ResultReference(CMacroCommonValue* result);
+
+    /// An operand that stands for `variable[subscripts...]`.
+    static CMacroCommonValue Element(Variable& variable, std::vector<CMacroCommonValue> subscripts);
+
+    const ValueView& View() const { return view_; }
+    ValueKind GetType() const { return view_.eType; }
+
+    /// Becomes a copy of what the view sees, which may be a part of this very value.
+    void Assign(const ValueView& view) {
+        Retain(view);
+        macroengine::Release(std::exchange(view_, view));
+    }
+
+    /// Becomes a value of kind none.
+    void Clear() { macroengine::Release(std::exchange(view_, ValueView())); }
+
+    /// @return the elements, made this value's own if they were shared; requires an array.
+    SharedArray& MutableArray();
+
+private:
+    ValueView view_;
+};
+
+static_assert(sizeof(CMacroCommonValue) == 24 || sizeof(void*) != 8, "values stay three words small");
+
+/// What an operand of kind ElementReference stands for.
+struct ElementReference {
+    std::uint32_t references = 1;
+    Variable* variable = nullptr;
+    std::vector<CMacroCommonValue> subscripts;  ///< outermost first; each is an operand
+};
+
+inline void Retain(const ValueView& view) {
+    switch (view.eType) {
+        case ValueKind::String:
+            if (view.text != nullptr) view.text->AddReference();
+            break;
+        case ValueKind::Array:
+            view.array->AddReference();
+            break;
+        case ValueKind::ElementReference:
+            ++view.element->references;
+            break;
+        default:
+            break;
+    }
+}
+
+inline void Release(const ValueView& view) {
+    switch (view.eType) {
+        case ValueKind::String:
+            if (view.text != nullptr) view.text->Release();
+            break;
+        case ValueKind::Array:
+            view.array->Release();
+            break;
+        case ValueKind::ElementReference:
+            if (--view.element->references == 0) delete view.element;
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace macroengine

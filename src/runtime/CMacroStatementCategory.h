@@ -1,0 +1,41 @@
+#pragma once
+
+#include <vector>
+
+#include "categories/CMacroCategoryCmdList.h"
+#include "runtime/CMacroStatementBase.h"
+
+namespace macroengine {
+
+/// `category.command(arguments)`, on its own, as the source of an assignment, or assigned to.
+class CMacroStatementCategory final : public CMacroStatementBase {
+public:
+    /// @param entry  what is called; owned by the list.
+    CMacroStatementCategory(SourceUnit& unit, std::uint32_t line, CMacroCategoryCmdList& list,
+                            CommandEntry& entry);
+
+    void SetArguments(std::vector<CMacroCommonValue> operands);
+
+    /// @param operand  the value assigned to the call; a result reference without a target for none.
+    void SetAssignedValue(CMacroCommonValue operand) { assigned_ = std::move(operand); }
+
+    const CommandEntry& GetEntry() const { return entry_; }
+    CMacroCommonValue& GetResult() { return result_; }
+
+    bool vfRun() override;
+
+private:
+    bool ResolveArguments();
+    bool ResolveAssigned(CMacroCommonValue& value);
+
+    CMacroCategoryCmdList& list_;
+    CommandEntry& entry_;
+    std::vector<CMacroCommonValue> operands_;
+
+    /// What the operands stand for, while the command runs; kept so that a call need not allocate.
+    std::vector<CMacroCommonValue> arguments_;
+    CMacroCommonValue assigned_;
+    CMacroCommonValue result_;
+};
+
+}  // namespace macroengine

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "runtime/CMacroStatementBase.h"
+#include "runtime/Operator.h"
+
+namespace macroengine {
+
+/// `left operator right` of a condition. Its result is a boolean.
+class CMacroStatementCompare final : public CMacroStatementBase {
+public:
+    CMacroStatementCompare(SourceUnit& unit, std::uint32_t line);
+
+    void SetLeft(CMacroCommonValue operand) { left_ = std::move(operand); }
+    void SetRight(CMacroCommonValue operand) { right_ = std::move(operand); }
+    void SetOperator(std::string_view text) { operator_ = OperatorFromText(text); }
+
+    CMacroCommonValue& GetResult() { return result_; }
+
+    bool vfRun() override;
+
+private:
+    bool CompareLikes(const ValueView& left, const ValueView& right, bool& result);
+    bool CompareTexts(std::string_view left, std::string_view right, bool& result);
+
+    Operator operator_ = Operator::Unknown;
+    CMacroCommonValue left_;
+    CMacroCommonValue right_;
+    CMacroCommonValue result_;
+};
+
+}  // namespace macroengine

@@ -1,0 +1,50 @@
+#include "runtime/SharedText.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <new>
+
+namespace macroengine {
+
+namespace {
+
+constexpr std::size_t kLimit = std::numeric_limits<std::uint32_t>::max() - 64;
+
+/// What an allocator hands out for such a request anyway.
+std::size_t RoundUp(std::size_t size) {
+    return (size + 8 + 15) / 16 * 16 - 8;
+}
+
+}  // namespace
+
+SharedText* SharedText::Create(std::string_view first, std::string_view second, std::size_t capacity) {
+    const std::size_t length = first.size() + second.size();
+    if (first.size() > kLimit || second.size() > kLimit || length > kLimit) throw std::bad_alloc();
+    const std::size_t size = RoundUp(sizeof(SharedText) + std::max(length, std::min(capacity, kLimit)) + 1);
+    void* const memory = ::operator new(size);
+    auto* const text = new (memory) SharedText(static_cast<std::uint32_t>(size - sizeof(SharedText) - 1));
+    text->Append(first);
+    text->Append(second);
+    return text;
+}
+
+void SharedText::Append(std::string_view text) {
+    // The text may lie in this block, but always before the bytes that are written.
+    if (!text.empty()) std::memcpy(MutableBytes() + used_, text.data(), text.size());
+    used_ += static_cast<std::uint32_t>(text.size());
+    MutableBytes()[used_] = '\0';
+}
+
+bool SharedText::Extend(std::uint32_t length, std::string_view text) {
+    if (length != used_ || text.size() > capacity_ - used_) return false;
+    Append(text);
+    return true;
+}
+
+void SharedText::Destroy() {
+    this->~SharedText();
+    ::operator delete(this);
+}
+
+}  // namespace macroengine

@@ -1,0 +1,226 @@
+#include "source/CLex.h"
+
+#include <charconv>
+#include <system_error>
+#include <utility>
+
+#include "platform/CodePage.h"
+#include "source/Characters.h"
+
+namespace macroengine {
+
+namespace {
+
+/// Reads a number of the base, with an optional "-", as a C library with a 32-bit long does: a minus sign
+/// negates modulo 2^32.
+/// @return false when the digits exceed 32 bits.
+bool ParseUnsigned(std::string_view text, int base, std::uint32_t& value) {
+    const bool negative = text.front() == '-';
+    if (negative) text.remove_prefix(1);
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
+    if (error != std::errc()) return false;
+    if (negative) value = 0U - value;
+    return true;
+}
+
+/// @return false when the number is too large. One too small to represent is 0.
+bool ParseReal(std::string_view text, double& value) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error == std::errc()) return true;
+    // A non-zero digit before the point tells an overflow from an underflow.
+    if (text.substr(0, text.find('.')).find_first_of("123456789") != std::string_view::npos) return false;
+    value = 0.0;
+    return true;
+}
+
+TokenKind KindOfWord(std::string_view text) {
+    return text == "include" || text == "define" ? TokenKind::Directive : TokenKind::Word;
+}
+
+}  // namespace
+
+CLex::CLex() : macros_(std::make_shared<MacroTable>()) {
+    end_.kind = TokenKind::Operator;
+}
+
+CLex::~CLex() = default;
+
+bool CLex::LoadFile(const std::string& path) {
+    if (!LoadSource(path, file_, errors_, text_)) return false;
+    Start(path);
+    return true;
+}
+
+void CLex::LoadText(const std::string& path, std::string text) {
+    text_ = SourceText(std::move(text));
+    Start(path);
+}
+
+void CLex::Start(const std::string& path) {
+    path_ = path;
+    scanner_.Start(text_);
+    queue_.clear();
+    next_ = 0;
+}
+
+bool CLex::ReportError(std::string_view text) {
+    errors_.AddLocatedError(path_.c_str(), static_cast<std::int32_t>(scanner_.GetLine()), text);
+    return false;
+}
+
+Token* CLex::PeekToken(Substitution substitution) {
+    if (next_ == queue_.size() && !Fill(substitution)) return nullptr;
+    if (next_ < queue_.size()) return &queue_[next_];
+    end_.line = scanner_.GetLine();
+    return &end_;
+}
+
+bool CLex::ReadToken(Token& token, Substitution substitution) {
+    const Token* const next = PeekToken(substitution);
+    if (next == nullptr) return false;
+    token = *next;
+    if (next != &end_) ++next_;
+    return true;
+}
+
+bool CLex::IsSkipped(const Token& token) const {
+    return conditional_.skipMask != 0 && !token.IsLineEnd() && !token.IsEnd() &&
+           token.kind != TokenKind::Directive;
+}
+
+Token* CLex::PeekTokenSkipping() {
+    Token* token = PeekToken();
+    while (token != nullptr && IsSkipped(*token)) {
+        ++next_;
+        token = PeekToken();
+    }
+    return token;
+}
+
+bool CLex::ReadTokenSkipping(Token& token) {
+    return PeekTokenSkipping() != nullptr && ReadToken(token);
+}
+
+/// Scans on until there is a token in the queue or the text ends.
+/// @return false on a lexical error.
+bool CLex::Fill(Substitution substitution) {
+    queue_.clear();
+    next_ = 0;
+    while (queue_.empty()) {
+        std::string_view text;
+        switch (scanner_.Next(text)) {
+            case TokenScanner::Result::End:
+                return true;
+            case TokenScanner::Result::Failed:
+                return ReportError(scanner_.GetFailure());
+            case TokenScanner::Result::Token:
+                break;
+        }
+        if (substitution == Substitution::None || !IsNameStart(text.front()) || macros_->IsEmpty()) {
+            queue_.emplace_back();
+            if (!Classify(text, queue_.back())) {
+                queue_.pop_back();
+                return false;
+            }
+            return true;
+        }
+        // A macro with an empty body gives no token at all.
+        substituted_.clear();
+        macros_->Substitute(text, substituted_);
+        for (const std::string_view part : substituted_) {
+            Token token;
+            if (!Classify(part, token)) return false;
+            queue_.push_back(token);
+        }
+    }
+    return true;
+}
+
+bool CLex::Classify(std::string_view text, Token& token) {
+    token.text = text;
+    token.line = scanner_.GetLine();
+    const char first = text.front();
+    if (IsDigit(first) || (first == '-' && text.size() > 1)) return ClassifyNumber(token);
+    if (IsLetter(first)) {
+        token.kind = KindOfWord(text);
+    } else if (first == '"') {
+        token.kind = TokenKind::String;
+        token.text = ReduceEscapedQuotes(text);
+    } else if (first == '#') {
+        token.kind = TokenKind::Directive;
+    } else {
+        token.kind = TokenKind::Operator;
+        if (first == '\r') token.text = "\n";
+    }
+    return true;
+}
+
+bool CLex::ClassifyNumber(Token& token) {
+    const std::string_view text = token.text;
+    bool inRange;
+    if (text.size() > 2 && (text[1] == 'x' || text[1] == 'X')) {
+        token.kind = TokenKind::Integer;
+        inRange = ParseUnsigned(text.substr(2), 16, token.integerValue);
+    } else if (text.find('.') != std::string_view::npos) {
+        token.kind = TokenKind::Real;
+        inRange = ParseReal(text, token.realValue);
+    } else {
+        token.kind = TokenKind::Integer;
+        inRange = ParseUnsigned(text, 10, token.integerValue);
+    }
+    return inRange || ReportError(std::string(text).append(" is out of range"));
+}
+
+/// Replaces each backslash before a double quote and that quote by a lone quote. A pair of backslashes stays
+/// a pair.
+std::string_view CLex::ReduceEscapedQuotes(std::string_view text) {
+    if (text.find("\\\"") == std::string_view::npos) return text;
+    std::string reduced;
+    reduced.reserve(text.size());
+    const char* const end = text.data() + text.size();
+    for (const char* position = text.data(); position != end;) {
+        const std::size_t length = platform::CharacterLength(position, end);
+        if (*position == '\\' && position + 1 != end && position[1] == '"') {
+            ++position;
+        } else if (*position == '\\' && position + 1 != end && position[1] == '\\') {
+            reduced += *position++;
+        }
+        reduced.append(position, length);
+        position += length;
+    }
+    return reducedTexts_.emplace_back(std::move(reduced));
+}
+
+void CLex::SplitNegativeNumber() {
+    Token number = queue_[next_];
+    Token minus = number;
+    minus.text = number.text.substr(0, 1);
+    minus.kind = TokenKind::Operator;
+    minus.readerCode = Token().readerCode;
+    number.text.remove_prefix(1);
+    if (number.kind == TokenKind::Real) {
+        number.realValue = -number.realValue;
+    } else {
+        number.integerValue = 0U - number.integerValue;
+    }
+    queue_[next_] = number;
+    queue_.insert(queue_.begin() + static_cast<std::ptrdiff_t>(next_), minus);
+}
+
+bool CLex::DefineMacro(std::string_view name, std::vector<std::string> body, std::uint32_t line) {
+    if (macros_->Define(name, std::move(body))) return true;
+    errors_.AddLocatedError(path_.c_str(), static_cast<std::int32_t>(line),
+                            std::string("redefine ( ").append(name).append(" )"));
+    return false;
+}
+
+void CLex::MergeMacros(const CLex& other) {
+    if (macros_ == other.macros_) return;
+    if (macros_->IsEmpty()) {
+        macros_ = other.macros_;
+    } else {
+        macros_->CopyMissing(*other.macros_);
+    }
+}
+
+}  // namespace macroengine

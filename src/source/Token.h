@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace macroengine {
+
+enum class TokenKind : std::uint8_t {
+    Integer = 0,
+    Real = 1,
+    String = 2,
+    Word = 3,
+    Operator =
+        4,  ///< also a line end, a word that begins with "_", and the empty token at the end of the text
+    Directive = 5,
+    None = 6  ///< not classified yet
+};
+
+/// One token. Its text lives in the lexer that gave it, and as long as that lexer.
+struct Token {
+    std::string_view text;  ///< "\n" for a line end, empty at the end of the text
+    std::uint32_t line = 0;
+    TokenKind kind = TokenKind::None;
+
+    /// Free for the reader of the tokens, who may keep what it worked out about this one; 0xFF until then.
+    std::uint8_t readerCode = 0xFF;
+
+    union {
+        double realValue = 0.0;      ///< of a real
+        std::uint32_t integerValue;  ///< of an integer: the 32-bit pattern, so -1 is 4294967295
+    };
+
+    bool IsEnd() const { return text.empty(); }
+    bool IsLineEnd() const { return text == "\n"; }
+};
+
+}  // namespace macroengine

@@ -1,0 +1,146 @@
+#include "source/TokenScanner.h"
+
+#include <cstddef>
+
+#include "platform/CodePage.h"
+#include "source/Characters.h"
+
+// The text ends with a NUL, which stops every loop below: none of them needs to know where the text ends.
+
+namespace macroengine {
+
+namespace {
+
+constexpr std::string_view kInvalidLetter = "find invalid letter(s) in file.";
+constexpr std::string_view kOpenString = "Can't find [\"] for the end of string.";
+
+const char* SkipDigits(const char* position) {
+    while (IsDigit(*position))
+        ++position;
+    return position;
+}
+
+/// @return the length of the operator at the position, 1 for anything that is none.
+std::size_t OperatorLength(const char* position) {
+    const char next = position[1];
+    switch (position[0]) {
+        case '=':
+        case '!':
+            return next == '=' ? 2 : 1;
+        case '<':
+            return next == '=' || next == '<' ? 2 : 1;
+        case '>':
+            return next == '=' || next == '>' ? 2 : 1;
+        case '&':
+        case '|':
+            return next == position[0] ? 2 : 1;
+        default:
+            return 1;
+    }
+}
+
+}  // namespace
+
+void TokenScanner::Start(const SourceText& text) {
+    position_ = text.Begin();
+    end_ = text.End();
+    line_ = 1;
+    failure_ = {};
+}
+
+TokenScanner::Result TokenScanner::Next(std::string_view& token) {
+    token = {};
+    SkipBlanksAndComments();
+    const char first = *position_;
+    if (first == '\0') return Result::End;
+    if (IsNonAscii(first)) return FailOnInvalidLetter(token);
+    if (IsNameStart(first) || first == '#') return ScanWord(token);
+    if (IsDigit(first) || (first == '-' && IsDigit(position_[1]))) return ScanNumber(token);
+    if (first == '"') return ScanString(token);
+    return Take(token, position_ + OperatorLength(position_));
+}
+
+void TokenScanner::SkipBlanksAndComments() {
+    enum class Comment { None, Block, Line } comment = Comment::None;
+    for (;; ++position_) {
+        const char c = *position_;
+        const char next = c == '\0' ? '\0' : position_[1];
+        if (c == '\0') return;
+        if (c == '\n') {
+            ++line_;
+            if (comment != Comment::Block) return;
+        } else if (c == ' ' || c == '\t' || (c == '\r' && next == '\n')) {
+            continue;
+        } else if (c == '/' && next == '*' && comment == Comment::None) {
+            comment = Comment::Block;
+            ++position_;
+        } else if (c == '/' && next == '/' && comment == Comment::None) {
+            comment = Comment::Line;
+            ++position_;
+        } else if (c == '*' && next == '/') {
+            // In a line comment too the closer stops the skip: what follows it is read as tokens.
+            if (comment != Comment::Block) return;
+            comment = Comment::None;
+            ++position_;
+        } else if (comment == Comment::None) {
+            return;
+        }
+    }
+}
+
+TokenScanner::Result TokenScanner::Take(std::string_view& token, const char* end) {
+    token = std::string_view(position_, static_cast<std::size_t>(end - position_));
+    position_ = end;
+    return Result::Token;
+}
+
+TokenScanner::Result TokenScanner::FailOnInvalidLetter(std::string_view& token) {
+    token = {};
+    failure_ = kInvalidLetter;
+    position_ = end_;
+    return Result::Failed;
+}
+
+TokenScanner::Result TokenScanner::ScanWord(std::string_view& token) {
+    const char* end = position_ + 1;
+    while (IsNamePart(*end))
+        ++end;
+    if (IsNonAscii(*end)) return FailOnInvalidLetter(token);
+    return Take(token, end);
+}
+
+TokenScanner::Result TokenScanner::ScanNumber(std::string_view& token) {
+    if (position_[0] == '0' && (position_[1] == 'x' || position_[1] == 'X')) {
+        const char* end = position_ + 2;
+        while (IsHexadecimalDigit(*end))
+            ++end;
+        // Without a digit the number is the "0" alone, and the letter begins a word.
+        return Take(token, end == position_ + 2 ? position_ + 1 : end);
+    }
+    const char* end = SkipDigits(position_ + 1);
+    if (*end == '.') end = SkipDigits(end + 1);
+    return Take(token, end);
+}
+
+TokenScanner::Result TokenScanner::ScanString(std::string_view& token) {
+    const char* const end = FindStringEnd();
+    if (*end == '"') return Take(token, end + 1);
+    failure_ = kOpenString;
+    position_ = *end == '\n' ? end : end_;
+    return Result::Failed;
+}
+
+/// @return the closing quote, or the line feed or NUL before it.
+const char* TokenScanner::FindStringEnd() const {
+    bool escaped = false;
+    const char* position = position_ + 1;
+    while (*position != '\0' && *position != '\n' && (*position != '"' || escaped)) {
+        const std::size_t length = platform::CharacterLength(position, end_);
+        // Only a backslash that is a character of its own counts, not the second byte of a double-byte one.
+        escaped = *position == '\\' && !escaped;
+        position += length;
+    }
+    return position;
+}
+
+}  // namespace macroengine

@@ -1,0 +1,94 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <set>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+#include "platform/File.h"
+#include "support/ScopedCodePage.h"
+#include "support/TemporaryFolder.h"
+
+namespace macroengine::platform {
+namespace {
+
+using test::TemporaryFolder;
+
+std::set<int> OpenDescriptors() {
+    std::set<int> descriptors;
+    for (int descriptor = 0; descriptor < 256; ++descriptor) {
+        if (fcntl(descriptor, F_GETFD) != -1) descriptors.insert(descriptor);
+    }
+    return descriptors;
+}
+
+TEST(FilePosix, BackslashesBecomeSlashesOnTheirWayToTheSystem) {
+    const TemporaryFolder folder;
+    folder.MakeFolder("sub");
+    File file;
+    ASSERT_TRUE(file.OpenForWriting(folder.Path() + R"(\sub\a)", WriteMode::Truncate));
+    EXPECT_TRUE(file.Write("text"));
+    EXPECT_EQ(folder.Read("sub/a"), "text");
+    EXPECT_TRUE(file.OpenForReading(folder.Path() + R"(\sub/a)"));
+}
+
+TEST(FilePosix, ABackslashInADoubleByteCharacterStays) {
+    const TemporaryFolder folder;
+    const test::ScopedCodePage codePage(932);
+    File file;
+    ASSERT_TRUE(file.OpenForWriting(folder.Path() + "\\\x83\\.txt", WriteMode::Truncate));
+    EXPECT_EQ(access((folder.Path() + "/\x83\\.txt").c_str(), F_OK), 0);
+}
+
+TEST(FilePosix, ProgramsDoNotInheritAFile) {
+    const TemporaryFolder folder;
+    const std::set<int> before = OpenDescriptors();
+    File reader;
+    File writer;
+    ASSERT_TRUE(reader.OpenForReading(folder.Write("a", "")));
+    ASSERT_TRUE(writer.OpenForWriting(folder.PathOf("b"), WriteMode::Append));
+    const std::set<int> after = OpenDescriptors();
+    EXPECT_EQ(after.size(), before.size() + 2);
+    for (const int descriptor : after) {
+        if (before.count(descriptor) != 0) continue;
+        EXPECT_NE(fcntl(descriptor, F_GETFD) & FD_CLOEXEC, 0);
+    }
+}
+
+TEST(FilePosix, EveryEndOfAnObjectClosesItsFile) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a", "");
+    const std::set<int> before = OpenDescriptors();
+    {
+        File first;
+        File second;
+        ASSERT_TRUE(first.OpenForReading(path));
+        ASSERT_TRUE(first.OpenForReading(path));
+        ASSERT_TRUE(second.OpenForReading(path));
+        first = std::move(second);
+        EXPECT_FALSE(File().OpenForReading(folder.Path()));
+    }
+    EXPECT_EQ(OpenDescriptors(), before);
+}
+
+TEST(FilePosix, APipeHasNoPlaces) {
+    const TemporaryFolder folder;
+    const std::string path = folder.PathOf("pipe");
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    const int reader = open(path.c_str(), O_RDONLY | O_NONBLOCK);
+    ASSERT_NE(reader, -1);
+    File file;
+    ASSERT_TRUE(file.OpenForWriting(path, WriteMode::Append));
+    EXPECT_FALSE(file.SeekToEnd());
+    close(reader);
+}
+
+TEST(FilePosix, AFullDeviceFailsTheWrite) {
+    File file;
+    if (!file.OpenForWriting("/dev/full", WriteMode::Append)) GTEST_SKIP() << "no such device";
+    EXPECT_FALSE(file.Write("text"));
+}
+
+}  // namespace
+}  // namespace macroengine::platform

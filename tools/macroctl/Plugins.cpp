@@ -1,0 +1,42 @@
+#include "Plugins.h"
+
+#include <utility>
+
+namespace macroctl {
+
+namespace {
+
+const char kEntryName[] = "RegisterMacroPlugin";
+
+}  // namespace
+
+bool Plugins::Load(const std::vector<std::string>& paths, std::string& reason) {
+    for (const std::string& path : paths) {
+        Plugin plugin;
+        plugin.path = path;
+        std::string systemWords;
+        if (!plugin.library.Open(path, systemWords)) {
+            reason = "plug-in " + path + " can't be loaded: " + systemWords;
+            return false;
+        }
+        plugin.entry = reinterpret_cast<Entry>(plugin.library.Find(kEntryName));
+        if (plugin.entry == nullptr) {
+            reason = "plug-in " + path + " has no function " + kEntryName;
+            return false;
+        }
+        plugins_.push_back(std::move(plugin));
+    }
+    return true;
+}
+
+bool Plugins::RegisterWith(CMacroFileIF& file, std::string& reason) const {
+    for (const Plugin& plugin : plugins_) {
+        if (!plugin.entry(&file)) {
+            reason = "plug-in " + plugin.path + " refused to register its commands";
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace macroctl

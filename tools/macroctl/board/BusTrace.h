@@ -1,0 +1,25 @@
+#pragma once
+
+#include "board/RegisterBus.h"
+
+namespace macroctl {
+
+/// Passes every transaction on to another bus and writes a line about it to standard error.
+///
+/// @code
+/// bus 2-wire write 0x0010 <- 0x3C
+/// bus 3-wire read 0x0010 -> 0x3C
+/// @endcode
+class BusTrace : public RegisterBus {
+public:
+    /// @param target  outlives this object.
+    explicit BusTrace(RegisterBus& target) : target_(target) {}
+
+    std::uint8_t Read(BusKind bus, std::uint16_t address) override;
+    void Write(BusKind bus, std::uint16_t address, std::uint8_t value) override;
+
+private:
+    RegisterBus& target_;
+};
+
+}  // namespace macroctl

@@ -1,0 +1,23 @@
+#include "board/SimulatedBoard.h"
+
+#include <macroengine/CMacroFileIF.h>
+
+namespace macroctl {
+
+SimulatedBoard::SimulatedBoard(bool trace)
+    : tracedRegisters_(registers_),
+      bus_(trace ? static_cast<RegisterBus&>(tracedRegisters_) : registers_),
+      read_("read", bus_, BusKind::TwoWire),
+      write_("write", bus_, BusKind::TwoWire),
+      read3_("read3", bus_, BusKind::ThreeWire),
+      write3_("write3", bus_, BusKind::ThreeWire) {}
+
+bool SimulatedBoard::RegisterWith(CMacroFileIF& file) {
+    CMacroCategoryBase* const commands[] = {&read_, &write_, &read3_, &write3_, &print_, &expect_};
+    for (CMacroCategoryBase* command : commands) {
+        if (!file.RegisterCategory(nullptr, command, false)) return false;
+    }
+    return true;
+}
+
+}  // namespace macroctl
