@@ -24,7 +24,7 @@ class UsageTest(CliTest):
             (["check", "a.mac", "--trace-bus"], "--trace-bus"),
             (["check", "a.mac", "--work-dir", "."], "--work-dir"),
             (["run", "a.mac", "check", "a.mac"], "check"),
-            (["run", "--board=3", "a.mac"], "--board"),
+            (["run", "--board=3", "a.mac"], "board"),
         ]:
             with self.subTest(arguments):
                 result = self.macroctl(*arguments)

@@ -26,17 +26,17 @@ bool EndsWith(const std::string& text, const std::string& end) {
 
 /// One macro file with the commands that it may name. The members' order is the order of their lives: the
 /// commands outlive the file.
-class MacroHost::Session {
+class MacroHost::Macro {
 public:
-    Session(const Options& options, const std::string& path) : path_(path) {
+    Macro(const Options& options, const std::string& path) : path_(path) {
         if (options.board) board_ = std::make_unique<SimulatedBoard>(options.traceBus);
         file_ = CreateMacroFileNoRegisterRequest(options.nameSpace, false);
     }
 
-    ~Session() { DeleteMacroFile(file_); }
+    ~Macro() { DeleteMacroFile(file_); }
 
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    Macro(const Macro&) = delete;
+    Macro& operator=(const Macro&) = delete;
 
     /// @return false with the reason when a command can't be registered.
     bool Prepare(const Plugins& plugins, std::string& reason) {
@@ -101,19 +101,19 @@ ExitStatus MacroHost::Execute() {
 }
 
 ExitStatus MacroHost::RunFile(const std::string& path) {
-    Session session(options_, path);
+    Macro macro(options_, path);
     std::string reason;
-    if (!session.Prepare(plugins_, reason)) return RefuseUsage(reason);
-    return session.Load() ? session.Run(options_) : kExitFailed;
+    if (!macro.Prepare(plugins_, reason)) return RefuseUsage(reason);
+    return macro.Load() ? macro.Run(options_) : kExitFailed;
 }
 
 ExitStatus MacroHost::CheckFiles() {
     ExitStatus status = kExitDone;
     for (const std::string& path : options_.files) {
-        Session session(options_, path);
+        Macro macro(options_, path);
         std::string reason;
-        if (!session.Prepare(plugins_, reason)) return RefuseUsage(reason);
-        if (!session.Load()) status = kExitFailed;
+        if (!macro.Prepare(plugins_, reason)) return RefuseUsage(reason);
+        if (!macro.Load()) status = kExitFailed;
     }
     return status;
 }

@@ -15,7 +15,7 @@ public:
     ExitStatus Execute();
 
 private:
-    class Session;
+    class Macro;
 
     ExitStatus RunFile(const std::string& path);
     ExitStatus CheckFiles();

@@ -29,7 +29,8 @@ CLI::Option* AddLanguageOptions(CLI::App& command, Options& options) {
         ->type_name("LIB")
         ->option_text("LIB")
         ->allow_extra_args(false);
-    return command.add_flag("--board", options.board, "Register the commands of the simulated board");
+    return command.add_flag("--board", options.board, "Register the commands of the simulated board")
+        ->disable_flag_override();
 }
 
 void AddRun(CLI::App& app, Options& options) {
@@ -47,10 +48,12 @@ void AddRun(CLI::App& app, Options& options) {
                   "A line on standard error for each transaction of the board:\n"
                   "bus 2-wire write 0x0010 <- 0x3C\n"
                   "bus 3-wire read 0x0010 -> 0x3C")
+        ->disable_flag_override()
         ->needs(board)
         ->option_text("(needs --board)");
     run->add_flag("--keep-going", options.keepGoing,
-                  "Go on after a failed statement; all errors are shown at the end");
+                  "Go on after a failed statement; all errors are shown at the end")
+        ->disable_flag_override();
     run->callback([&options] { options.action = Options::Action::Run; });
 }
 
