@@ -46,6 +46,7 @@ bool CMacroCategoryBase::SetMacroCategoryList(const CMacroCategoryCmdList* list)
 
 CMacroCategoryBase* CMacroCategoryBase::GetMacroCategoryObject(const char* category,
                                                                const char* property) const {
-    if (list_ == nullptr || category == nullptr) return nullptr;
-    return list_->FindCommand(category, OrEmpty(property));
+    // The default command of a bare call goes by its name here as any other.
+    if (list_ == nullptr || category == nullptr || *OrEmpty(property) == '\0') return nullptr;
+    return list_->FindCommand(category, property);
 }

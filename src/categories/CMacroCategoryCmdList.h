@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "categories/RangeIndicator.h"
 #include "macroengine/CMacroCategoryBase.h"
 #include "runtime/CMacroCommonValue.h"
 #include "runtime/SourceUnit.h"
@@ -81,6 +82,12 @@ public:
     /// @return false for a namespace under which nothing is registered.
     bool SetCurrentNamespace(std::string_view name);
 
+    /// Forgets what the commands of the run before have left for later ones.
+    void BeginRun() { rangeIndicator_.isSet = false; }
+
+    /// @return what the conversions of the file share. It stays valid as long as the list.
+    macroengine::RangeIndicator& GetRangeIndicator() { return rangeIndicator_; }
+
     /// Runs a command.
     ///
     /// @param result  receives what the command has set, of kind none if nothing.
@@ -105,6 +112,7 @@ private:
     std::unordered_map<std::string_view, std::unique_ptr<CategoryEntry>> categories_;
     std::vector<std::string> knownNamespaces_;
     std::vector<std::string> namespaceStack_;  ///< the last one is current
+    macroengine::RangeIndicator rangeIndicator_;
     std::vector<std::unique_ptr<CMacroCategoryBase>> owned_;
     std::uint64_t generation_ = 1;  ///< raised by whatever may change the choice of a provider
 };

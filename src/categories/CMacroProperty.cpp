@@ -172,6 +172,10 @@ const char* CMacroProperty::GetArgArrayString(unsigned int index, unsigned int e
 
 // The assigned value
 
+ValueView CMacroProperty::GetAssigned() const {
+    return operands_.assigned == nullptr ? ValueView() : operands_.assigned->View();
+}
+
 bool CMacroProperty::CheckNoAssignedValue(bool silent) {
     if (operands_.assigned == nullptr) return true;
     return silent ? false : FailAtName("assigned value isn't needed at ", "()");
@@ -256,6 +260,10 @@ const char* CMacroProperty::GetAssignedArrayString(unsigned int element) {
 
 CMacroCommonValue CMacroProperty::TakeResult() {
     return std::move(result_);
+}
+
+void CMacroProperty::SetResult(CMacroCommonValue value) {
+    result_ = std::move(value);
 }
 
 template <class Value, class ToValue>

@@ -58,6 +58,12 @@ public:
     /// @return an argument, of kind none when there is none at the index.
     ValueView GetArgument(unsigned int index) const;
 
+    /// @return what is assigned to the call, of kind none when nothing is.
+    ValueView GetAssigned() const;
+
+    /// Makes any value the result, also one that no typed operation sets.
+    void SetResult(CMacroCommonValue value);
+
     /// @return a text that stays valid as long as this object.
     const char* Keep(std::string text);
 

@@ -15,4 +15,13 @@ bool CMacroCategorySystem_Abort::Run(CMacroPropertyIF* property) {
     return false;
 }
 
+bool CMacroCategorySystem_GetVariableType::Run(CMacroPropertyIF* property) {
+    if (property->CheckArgumentCount(1, 1) < 0) {
+        property->SetResultString("");
+        return false;
+    }
+    const int kind = property->GetArgType(0);
+    return property->SetResultInteger(kind == static_cast<int>(ValueKind::None) ? -1 : kind);
+}
+
 }  // namespace macroengine

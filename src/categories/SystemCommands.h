@@ -11,4 +11,11 @@ public:
     bool Run(CMacroPropertyIF* property) override;
 };
 
+/// `n = system.get_variable_type(value)`: the number of the value's kind, -1 for no value.
+class CMacroCategorySystem_GetVariableType : public CMacroCategoryBase {
+public:
+    using CMacroCategoryBase::CMacroCategoryBase;
+    bool Run(CMacroPropertyIF* property) override;
+};
+
 }  // namespace macroengine

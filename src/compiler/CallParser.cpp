@@ -32,25 +32,28 @@ bool CallParser::ReportNoSide(const Token& token, const CommandEntry& entry, con
 
 /// @param command  receives the token that names the command, or that of the category in a call without a
 /// name.
-bool CallParser::ParseCommand(CommandEntry*& entry, Token& command) {
+/// @return what is called, null with the reason reported.
+CommandEntry* CallParser::ParseCommand(Token& command) {
     Token category;
     TokenCode code;
-    if (!compiler_.Read(category, code) || !compiler_.Peek(code)) return false;
+    if (!compiler_.Read(category, code) || !compiler_.Peek(code)) return nullptr;
     command = category;
-    if (code != TokenCode::Point) {
-        entry = compiler_.GetCategories().FindEntry(category.text, {});
-        return true;
+    if (code != TokenCode::Point) return compiler_.GetCategories().FindEntry(category.text, {});
+
+    if (!compiler_.Expect(TokenCode::Point) || !compiler_.Read(command, code)) return nullptr;
+    if (command.IsEnd() || !IsNameStart(command.text.front())) {
+        compiler_.ReportSyntaxError(command);
+        return nullptr;
     }
-    Token point;
-    if (!compiler_.Read(point, code) || !compiler_.Read(command, code)) return false;
-    if (command.IsEnd() || !IsNameStart(command.text.front())) return compiler_.ReportSyntaxError(command);
-    entry = compiler_.GetCategories().FindEntry(category.text, command.text);
-    if (entry != nullptr) return true;
-    return compiler_.ReportError(command.line, std::string("\"")
-                                                   .append(command.text)
-                                                   .append("\" is not property of category(")
-                                                   .append(category.text)
-                                                   .append(")."));
+    CommandEntry* const entry = compiler_.GetCategories().FindEntry(category.text, command.text);
+    if (entry == nullptr) {
+        compiler_.ReportError(command.line, std::string("\"")
+                                                .append(command.text)
+                                                .append("\" is not property of category(")
+                                                .append(category.text)
+                                                .append(")."));
+    }
+    return entry;
 }
 
 /// Parses a list of arguments if there is one.
@@ -84,13 +87,12 @@ std::unique_ptr<CMacroStatementCategory> CallParser::MakeCall(CommandEntry& entr
 }
 
 bool CallParser::ParseStatement() {
-    CommandEntry* entry = nullptr;
     Token command;
+    CommandEntry* const entry = ParseCommand(command);
     std::vector<CMacroCommonValue> arguments;
     const Token* next;
     TokenCode code;
-    if (!ParseCommand(entry, command) || !ParseArguments(arguments) || !compiler_.Peek(next, code))
-        return false;
+    if (entry == nullptr || !ParseArguments(arguments) || !compiler_.Peek(next, code)) return false;
     CMacroCommonValue assigned = CMacroCommonValue::ResultReference(nullptr);
     if (code == TokenCode::Assign) {
         if (!Allows(*entry, &CMacroCategoryBase::CanAssignDest))
@@ -102,10 +104,10 @@ bool CallParser::ParseStatement() {
 }
 
 bool CallParser::ParseSource(CMacroCommonValue& operand) {
-    CommandEntry* entry = nullptr;
     Token command;
+    CommandEntry* const entry = ParseCommand(command);
     std::vector<CMacroCommonValue> arguments;
-    if (!ParseCommand(entry, command)) return false;
+    if (entry == nullptr) return false;
     if (!Allows(*entry, &CMacroCategoryBase::CanAssignSrc)) return ReportNoSide(command, *entry, "source");
     if (!ParseArguments(arguments)) return false;
     auto call = MakeCall(*entry, std::move(arguments), CMacroCommonValue::ResultReference(nullptr));

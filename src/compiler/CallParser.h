@@ -23,7 +23,7 @@ public:
     bool ParseSource(CMacroCommonValue& operand);
 
 private:
-    bool ParseCommand(CommandEntry*& entry, Token& command);
+    CommandEntry* ParseCommand(Token& command);
     bool ParseArguments(std::vector<CMacroCommonValue>& arguments);
     bool ParseArgument(std::vector<CMacroCommonValue>& arguments);
     bool ReportNoSide(const Token& token, const CommandEntry& entry, const char* side);

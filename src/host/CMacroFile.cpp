@@ -77,6 +77,7 @@ bool CMacroFile::Run() {
     const ActivityGuard guard(*this, Activity::Running);
     if (!guard.IsTaken()) return RefuseRun();
     program_.SetSourcePath(filePath_);
+    commands_.BeginRun();
     if (program_.Run()) return true;
     TakeProgramErrors();
     return false;
@@ -129,15 +130,14 @@ bool CMacroFile::RequestPluginRegistration() {
 }
 
 CMacroCategoryBase* CMacroFile::FindCommand(const char* category, const char* command) {
-    return commands_.FindCommand(OrEmpty(category), OrEmpty(command));
+    // The default command of a bare call goes by its name here as any other.
+    if (*OrEmpty(command) == '\0') return nullptr;
+    return commands_.FindCommand(OrEmpty(category), command);
 }
 
 bool CMacroFile::Abort() {
-    if (program_.RequestAbort()) return true;
-    // A run or load under way looks after its own messages.
-    const ActivityGuard guard(*this, Activity::Loading);
-    if (guard.IsTaken()) TakeProgramErrors();
-    return false;
+    // What a run that is over had to say is in the errors already: Run has moved it there before it returned.
+    return program_.RequestAbort();
 }
 
 bool CMacroFile::SetWorkDirectory(const char* directory) {

@@ -37,6 +37,8 @@ public:
     bool SetLineNotification(std::uint32_t code, HWND target, std::uint32_t enableCount) override;
     bool SetErrorHandling(bool stopOnError, HWND target, std::uint32_t code) override;
 
+    const CMacroPrg& GetProgram() const { return program_; }
+
 private:
     enum class Activity { Idle, Loading, Running };
     class ActivityGuard;

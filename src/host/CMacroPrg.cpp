@@ -1,5 +1,6 @@
 #include "host/CMacroPrg.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -14,6 +15,12 @@ constexpr std::uint32_t kPausePollMilliseconds = 10;
 constexpr const char* kAborted = "Macro aborted.";
 constexpr const char* kNothingToRun = "Nothing macro sequence.";
 constexpr const char* kRunTimeError = "run time error !";
+
+/// @return a capacity with room for one more element, which grows in steps that make appending cheap.
+template <class Element>
+std::size_t GrownCapacity(const std::vector<Element>& elements) {
+    return elements.size() < elements.capacity() ? elements.capacity() : elements.size() * 2 + 16;
+}
 
 }  // namespace
 
@@ -44,12 +51,20 @@ bool CMacroPrg::InsertMacroNode(std::unique_ptr<CMacroStatementBase> statement, 
     if (statement == nullptr) {
         return Fail("internal error: NULL macro registerd at CMacroPrg::InsertMacroNode()");
     }
-    SetState(State::Loading);
+    const State before = state_.exchange(State::Loading);
     const bool beginsGroup = groupStarts_.empty() || grouping == Grouping::Alone ||
                              (grouping == Grouping::BySourceLine && !IsInLastGroup(*statement));
     if (grouping == Grouping::WithLastGroup && !beginsGroup) {
         statement->SetLineNumber(statements_.front()->GetLineNumber());
     }
+    try {
+        statements_.reserve(GrownCapacity(statements_));
+        groupStarts_.reserve(GrownCapacity(groupStarts_));
+    } catch (...) {
+        SetState(before);
+        throw;
+    }
+    // From here on nothing can fail: a group never begins without its statement.
     if (beginsGroup) groupStarts_.push_back(static_cast<std::uint32_t>(statements_.size()));
     statements_.push_back(std::move(statement));
     SetState(State::Loaded);
@@ -105,8 +120,10 @@ bool CMacroPrg::Run() {
         return RunGroups();
     } catch (const std::bad_alloc&) {
         SetState(State::Failed);
-        FailAt(*statements_[current_], "Memory allocation error");
-        return FailAt(*statements_[current_], kRunTimeError);
+        // What fails behind the last statement is reported at that one.
+        const CMacroStatementBase& statement = *statements_[std::min(current_, statements_.size() - 1)];
+        FailAt(statement, "Memory allocation error");
+        return FailAt(statement, kRunTimeError);
     }
 }
 
@@ -119,6 +136,7 @@ void CMacroPrg::ResolveWorkDirectory() {
 }
 
 bool CMacroPrg::RunGroups() {
+    current_ = 0;
     ResolveWorkDirectory();
     // A copy, as a command may set another work directory for the run that follows.
     runWorkDirectory_ = workDirectory_;

@@ -56,6 +56,7 @@ public:
     SourceUnit& AddSourceUnit(std::string fileName, std::uint32_t compileNumber);
 
     std::int32_t GetGroupCount() const { return static_cast<std::int32_t>(groupStarts_.size()); }
+    const std::vector<std::unique_ptr<CMacroStatementBase>>& GetStatements() const { return statements_; }
     VariableTable& GetVariables() { return variables_; }
     CErrorMessageTable& GetErrors() { return errors_; }
 

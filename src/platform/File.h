@@ -7,6 +7,9 @@
 
 namespace macroengine::platform {
 
+/// What ends a line in the text files of the system.
+extern const std::string_view kLineEnd;
+
 /// What becomes of a file that is there already when it is opened for writing.
 enum class WriteMode {
     Truncate,  ///< It loses what it holds.

@@ -10,6 +10,8 @@
 
 namespace macroengine::platform {
 
+const std::string_view kLineEnd = "\n";
+
 namespace {
 
 /// The system takes no more than about 2 GiB at once.

@@ -6,6 +6,8 @@
 
 namespace macroengine::platform {
 
+const std::string_view kLineEnd = "\r\n";
+
 namespace {
 
 /// The system counts in 32 bits.

@@ -24,10 +24,6 @@ private:
     std::vector<CMacroCommonValue>& arguments_;
 };
 
-bool IsNoValue(const CMacroCommonValue& operand) {
-    return operand.GetType() == ValueKind::ResultReference && operand.View().result == nullptr;
-}
-
 }  // namespace
 
 CMacroStatementCategory::CMacroStatementCategory(SourceUnit& unit, std::uint32_t line,
@@ -37,6 +33,10 @@ CMacroStatementCategory::CMacroStatementCategory(SourceUnit& unit, std::uint32_t
 void CMacroStatementCategory::SetArguments(std::vector<CMacroCommonValue> operands) {
     operands_ = std::move(operands);
     arguments_.resize(operands_.size());
+}
+
+bool CMacroStatementCategory::IsAssignedTo() const {
+    return assigned_.GetType() != ValueKind::ResultReference || assigned_.View().result != nullptr;
 }
 
 bool CMacroStatementCategory::ResolveArguments() {
@@ -49,7 +49,7 @@ bool CMacroStatementCategory::ResolveArguments() {
 }
 
 bool CMacroStatementCategory::ResolveAssigned(CMacroCommonValue& value) {
-    if (IsNoValue(assigned_)) return true;
+    if (!IsAssignedTo()) return true;
     ValueView view;
     if (!Resolve(assigned_, view)) return false;
     value.Assign(view);
@@ -60,7 +60,7 @@ bool CMacroStatementCategory::vfRun() {
     CMacroCommonValue assigned;
     const ArgumentsInUse inUse(arguments_);
     if (!ResolveArguments() || !ResolveAssigned(assigned)) return false;
-    const CallOperands operands{arguments_, IsNoValue(assigned_) ? nullptr : &assigned};
+    const CallOperands operands{arguments_, IsAssignedTo() ? &assigned : nullptr};
     if (list_.Execute(entry_, MutableUnit(), GetLineNumber(), operands, result_)) return true;
     result_ = CMacroCommonValue::Boolean(false);
     return false;

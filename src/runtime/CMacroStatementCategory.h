@@ -20,6 +20,9 @@ public:
     void SetAssignedValue(CMacroCommonValue operand) { assigned_ = std::move(operand); }
 
     const CommandEntry& GetEntry() const { return entry_; }
+    const std::vector<CMacroCommonValue>& GetOperands() const { return operands_; }
+    const CMacroCommonValue& GetAssignedValue() const { return assigned_; }
+    bool IsAssignedTo() const;
     CMacroCommonValue& GetResult() { return result_; }
 
     bool vfRun() override;

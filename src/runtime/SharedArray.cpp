@@ -8,11 +8,31 @@
 
 namespace macroengine {
 
+/// Frees a block that runs out of memory while it is made: the cells are counted only once they are all
+/// there.
+struct SharedArray::Discard {
+    void operator()(SharedArray* array) const { delete array; }
+};
+
+SharedArray* SharedArray::Create(const std::vector<CMacroCommonValue>& values) {
+    std::unique_ptr<SharedArray, Discard> array(Create());
+    array->isPacked_ = std::all_of(values.begin(), values.end(), [](const CMacroCommonValue& value) {
+        return value.GetType() == ValueKind::Integer;
+    });
+    array->Reserve(values.size());
+    for (const CMacroCommonValue& value : values) {
+        const ValueView& view = value.View();
+        if (array->isPacked_) {
+            array->integers_.push_back(view.integer);
+        } else {
+            array->cells_.push_back(view);
+            Retain(view);
+        }
+    }
+    return array.release();
+}
+
 SharedArray* SharedArray::Clone() const {
-    // Freed like any block if a copy runs out of memory: the cells are counted only once they are all there.
-    struct Discard {
-        void operator()(SharedArray* array) const { delete array; }
-    };
     std::unique_ptr<SharedArray, Discard> copy(Create());
     copy->isPacked_ = isPacked_;
     copy->integers_ = integers_;

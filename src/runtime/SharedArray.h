@@ -20,6 +20,9 @@ public:
     /// @return an empty block with one reference.
     static SharedArray* Create() { return new SharedArray; }
 
+    /// @return a block with one reference that holds the values and has no room for more.
+    static SharedArray* Create(const std::vector<CMacroCommonValue>& values);
+
     SharedArray(const SharedArray&) = delete;
     SharedArray& operator=(const SharedArray&) = delete;
 
@@ -61,6 +64,7 @@ private:
     SharedArray() = default;
     ~SharedArray() = default;
 
+    struct Discard;
     static void Destroy(SharedArray* array);
     void Unpack(std::size_t count);
 

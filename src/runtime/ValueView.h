@@ -63,7 +63,7 @@ struct ValueView {
 
     /// @return the characters of a text.
     std::string_view Text() const {
-        return length == 0 ? std::string_view() : std::string_view(text->Bytes(), length);
+        return text == nullptr ? std::string_view() : std::string_view(text->Bytes(), length);
     }
 };
 

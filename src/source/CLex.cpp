@@ -46,9 +46,10 @@ CLex::CLex() : macros_(std::make_shared<MacroTable>()) {
 CLex::~CLex() = default;
 
 bool CLex::LoadFile(const std::string& path) {
-    if (!LoadSource(path, file_, errors_, text_)) return false;
+    const bool loaded = LoadSource(path, file_, errors_, text_);
+    // After a failure too: nothing may go on in a text that is gone.
     Start(path);
-    return true;
+    return loaded;
 }
 
 void CLex::LoadText(const std::string& path, std::string text) {

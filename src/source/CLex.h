@@ -39,6 +39,7 @@ public:
     ~CLex();
 
     /// Reads a file and starts at its first line (see LoadSource for the forms and the messages).
+    /// @return false when it could not be read; there are no tokens then.
     bool LoadFile(const std::string& path);
 
     /// Starts with a text that is there already; `path` only names it in messages.

@@ -4,7 +4,7 @@
 
 namespace macroengine {
 
-std::size_t DecodeSourceLine(std::string_view line, std::string& out) {
+bool DecodeLineWithinLimit(std::string_view line, std::string& out) {
     line = line.substr(0, line.find('\0'));
     const std::size_t start = out.size();
     out.resize(start + line.size() / 4 * 3);
@@ -16,13 +16,18 @@ std::size_t DecodeSourceLine(std::string_view line, std::string& out) {
     const auto length = static_cast<std::size_t>(std::find(first, last, '\0') - first);
     if (length > kEncodedLineLimit) {
         out.resize(start);
-        return 0;
+        return false;
     }
     std::transform(first, first + length, first, [](char c) { return static_cast<char>(~c); });
     // A complemented NUL ends the line as well.
-    const auto kept = static_cast<std::size_t>(std::find(first, first + length, '\0') - first);
-    out.resize(start + kept);
-    return kept;
+    out.resize(start + static_cast<std::size_t>(std::find(first, first + length, '\0') - first));
+    return true;
+}
+
+std::size_t DecodeSourceLine(std::string_view line, std::string& out) {
+    const std::size_t start = out.size();
+    DecodeLineWithinLimit(line, out);
+    return out.size() - start;
 }
 
 }  // namespace macroengine

@@ -16,7 +16,7 @@ public:
     MimeCoder& operator=(const MimeCoder&) = default;
     virtual ~MimeCoder() = default;
 
-    /// Decodes a range. With `final` the coder is ready for another text afterwards.
+    /// Decodes a range. With `final` what is left of an incomplete group is dropped.
     /// @return the position behind the last byte written.
     virtual Output Decode(Input first, Input last, Output out, bool final) = 0;
 
@@ -108,6 +108,10 @@ private:
 
 /// A decoded line may hold up to this many bytes; a longer one counts as an empty line.
 constexpr std::size_t kEncodedLineLimit = 4095;
+
+/// As DecodeSourceLine, but tells a line that is too long from an empty one.
+/// @return false when the line is too long; nothing is appended then.
+bool DecodeLineWithinLimit(std::string_view line, std::string& out);
 
 /// Decodes one line of an encoded file and appends the bytes of the source line it stands for to `out`.
 ///

@@ -16,9 +16,9 @@ bool MacroTable::Define(std::string_view name, std::vector<std::string> body) {
 }
 
 void MacroTable::CopyMissing(const MacroTable& other) {
-    for (const auto& [name, entry] : other.entries_) {
-        if (!Contains(name)) Define(name, entry->body);
-    }
+    // A name that is there keeps its body.
+    for (const auto& [name, entry] : other.entries_)
+        Define(name, entry->body);
 }
 
 const MacroTable::Entry* MacroTable::UseEntry(std::string_view text) {

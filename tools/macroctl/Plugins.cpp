@@ -8,6 +8,10 @@ namespace {
 
 const char kEntryName[] = "RegisterMacroPlugin";
 
+std::string Complain(const std::string& path, const std::string& words) {
+    return "plug-in " + path + words;
+}
+
 }  // namespace
 
 bool Plugins::Load(const std::vector<std::string>& paths, std::string& reason) {
@@ -16,12 +20,12 @@ bool Plugins::Load(const std::vector<std::string>& paths, std::string& reason) {
         plugin.path = path;
         std::string systemWords;
         if (!plugin.library.Open(path, systemWords)) {
-            reason = "plug-in " + path + " can't be loaded: " + systemWords;
+            reason = Complain(path, " can't be loaded: " + systemWords);
             return false;
         }
         plugin.entry = reinterpret_cast<Entry>(plugin.library.Find(kEntryName));
         if (plugin.entry == nullptr) {
-            reason = "plug-in " + path + " has no function " + kEntryName;
+            reason = Complain(path, std::string(" has no function ") + kEntryName);
             return false;
         }
         plugins_.push_back(std::move(plugin));
@@ -32,7 +36,7 @@ bool Plugins::Load(const std::vector<std::string>& paths, std::string& reason) {
 bool Plugins::RegisterWith(CMacroFileIF& file, std::string& reason) const {
     for (const Plugin& plugin : plugins_) {
         if (!plugin.entry(&file)) {
-            reason = "plug-in " + plugin.path + " refused to register its commands";
+            reason = Complain(plugin.path, " refused to register its commands");
             return false;
         }
     }

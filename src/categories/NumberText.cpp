@@ -1,0 +1,107 @@
+#include "categories/NumberText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <system_error>
+
+#include "source/Characters.h"
+
+namespace macroengine {
+
+namespace {
+
+constexpr unsigned int kNoDigit = 99;
+
+constexpr unsigned int DigitValue(char c) {
+    if (IsDigit(c)) return static_cast<unsigned int>(c - '0');
+    if (!IsHexadecimalDigit(c)) return kNoDigit;
+    return static_cast<unsigned int>((c | 0x20) - 'a') + 10;
+}
+
+constexpr bool IsSign(char c) {
+    return c == '+' || c == '-';
+}
+
+struct Magnitude {
+    std::uint64_t value = 0;  ///< one above the 32-bit range when the digits exceed it
+    std::size_t length = 0;   ///< with the sign
+    bool isNegative = false;
+};
+
+Magnitude ReadMagnitude(std::string_view text, unsigned int base) {
+    constexpr std::uint64_t kTooLarge = std::uint64_t{std::numeric_limits<std::uint32_t>::max()} + 1;
+    Magnitude magnitude;
+    const std::size_t first = !text.empty() && IsSign(text.front()) ? 1 : 0;
+    std::size_t position = first;
+    for (; position < text.size(); ++position) {
+        const unsigned int digit = DigitValue(text[position]);
+        if (digit >= base) break;
+        magnitude.value = std::min(magnitude.value * base + digit, kTooLarge);
+    }
+    if (position == first) return magnitude;
+    magnitude.length = position;
+    magnitude.isNegative = text.front() == '-';
+    return magnitude;
+}
+
+/// The decimal exponent of a number that std::from_chars has refused for its size, up to a constant: above 0
+/// for a large one, below for a small one.
+long long DecimalExponent(std::string_view number) {
+    const std::size_t mantissaLength = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view mantissa = number.substr(0, mantissaLength);
+    const std::string_view exponentText = number.substr(std::min(mantissaLength + 1, number.size()));
+    const long long exponent = ToInteger(exponentText).value;
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t significant = std::min(mantissa.find_first_of("123456789"), mantissa.size());
+    return exponent + static_cast<long long>(point) - static_cast<long long>(significant);
+}
+
+}  // namespace
+
+ConvertedNumber<std::uint32_t> ToUnsigned(std::string_view text, unsigned int base) {
+    const Magnitude magnitude = ReadMagnitude(text, base);
+    constexpr std::uint32_t kMost = std::numeric_limits<std::uint32_t>::max();
+    if (magnitude.value > kMost) return {kMost, magnitude.length, true};
+    const auto value = static_cast<std::uint32_t>(magnitude.value);
+    return {magnitude.isNegative ? 0U - value : value, magnitude.length, false};
+}
+
+ConvertedNumber<std::int32_t> ToInteger(std::string_view text) {
+    const Magnitude magnitude = ReadMagnitude(text, 10);
+    const auto size = static_cast<std::int64_t>(magnitude.value);
+    const std::int64_t value = magnitude.isNegative ? -size : size;
+    const std::int64_t nearest = std::clamp<std::int64_t>(value, std::numeric_limits<std::int32_t>::min(),
+                                                          std::numeric_limits<std::int32_t>::max());
+    return {static_cast<std::int32_t>(nearest), magnitude.length, nearest != value};
+}
+
+ConvertedNumber<double> ToFloating(std::string_view text) {
+    const bool hasSign = !text.empty() && IsSign(text.front());
+    const bool isNegative = hasSign && text.front() == '-';
+    std::string_view rest = text.substr(hasSign ? 1 : 0);
+    if (!rest.empty() && IsSign(rest.front())) return {};
+
+    const bool isHexadecimal = rest.size() > 2 && rest[0] == '0' && (rest[1] == 'x' || rest[1] == 'X') &&
+                               (IsHexadecimalDigit(rest[2]) || rest[2] == '.');
+    const auto format = isHexadecimal ? std::chars_format::hex : std::chars_format::general;
+    if (isHexadecimal) rest.remove_prefix(2);
+
+    double value = 0.0;
+    const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), value, format);
+    if (error == std::errc::invalid_argument) {
+        // Behind "0x" without digits the number is the "0" alone.
+        return isHexadecimal ? ConvertedNumber<double>{isNegative ? -0.0 : 0.0, text.size() - rest.size() - 1}
+                             : ConvertedNumber<double>{};
+    }
+    const auto numberLength = static_cast<std::size_t>(end - rest.data());
+    const std::size_t length = text.size() - rest.size() + numberLength;
+    bool isOutOfRange = false;
+    if (error == std::errc::result_out_of_range) {
+        isOutOfRange = isHexadecimal || DecimalExponent(rest.substr(0, numberLength)) > 0;
+        value = isOutOfRange ? std::numeric_limits<double>::infinity() : 0.0;
+    }
+    return {isNegative ? -value : value, length, isOutOfRange};
+}
+
+}  // namespace macroengine

@@ -1,0 +1,108 @@
+#include "categories/StringConversionCommands.h"
+
+#include <cstddef>
+#include <string>
+
+#include "categories/NumberText.h"
+#include "categories/TrimSpaces.h"
+#include "macroengine/CMacroPropertyIF.h"
+#include "source/Characters.h"
+
+namespace macroengine {
+
+namespace {
+
+constexpr const char* kNoHexadecimal = "Error: Can't be converted to decimal a hexadecimal.";
+constexpr const char* kStoppedHexadecimal = "Error: Can't be converted to adecimal a hexadecimal.";
+constexpr const char* kNoDecimal = "Error: Can't be converted to decimal a string.";
+constexpr const char* kNoFloating = "Error: Can't be converted to float a string.";
+
+bool Fail(CMacroPropertyIF* property, const std::string& message) {
+    property->AddErrorMessage(message.c_str());
+    return false;
+}
+
+bool ReadTarget(CMacroPropertyIF* property, std::string& text) {
+    if (property->CheckArgumentCount(1, 1) < 0) return false;
+    const char* const target = property->GetArgString(0);
+    if (target == nullptr || *target == '\0') return Fail(property, "Error: target string is null.");
+    if (!property->CheckNoAssignedValue(false)) return false;
+    text = TrimSpaces(target);
+    return true;
+}
+
+std::size_t SignLength(const std::string& text) {
+    return !text.empty() && (text.front() == '+' || text.front() == '-') ? 1 : 0;
+}
+
+/// Cuts the text, behind its sign, where the first character does not match.
+template <class Matches>
+void KeepWhile(std::string& text, Matches matches) {
+    std::size_t end = SignLength(text);
+    while (end < text.size() && matches(text[end]))
+        ++end;
+    text.resize(end);
+}
+
+/// The range comes first: it does not matter whether there was a number at all.
+template <class Number>
+bool Check(CMacroPropertyIF* property, const std::string& text, const ConvertedNumber<Number>& number,
+           RangeIndicator& indicator, const char* stopped) {
+    if (number.isOutOfRange) indicator.isSet = true;
+    if (indicator.isSet) return Fail(property, "Error: " + text + " is out of range");
+    if (number.value == 0 && number.length < text.size()) return Fail(property, stopped);
+    return true;
+}
+
+}  // namespace
+
+CMacroCategoryCmdString_Hex2Dec::CMacroCategoryCmdString_Hex2Dec(const char* category, const char* property,
+                                                                 RangeIndicator& indicator)
+    : CMacroCategoryBase(category, property, true, false, ""), indicator_(indicator) {}
+
+bool CMacroCategoryCmdString_Hex2Dec::Run(CMacroPropertyIF* property) {
+    std::string text;
+    if (!ReadTarget(property, text)) return false;
+    const std::size_t start = SignLength(text);
+    if (text.compare(start, 2, "0x") == 0 || text.compare(start, 2, "0X") == 0) text.erase(start, 2);
+    KeepWhile(text, IsHexadecimalDigit);
+    if (text.empty()) return Fail(property, kNoHexadecimal);
+    const auto number = ToUnsigned(text, 16);
+    return Check(property, text, number, indicator_, kStoppedHexadecimal) &&
+           property->SetResultInteger(static_cast<int>(number.value));
+}
+
+CMacroCategoryCmdString_Str2Dec::CMacroCategoryCmdString_Str2Dec(const char* category, const char* property,
+                                                                 RangeIndicator& indicator)
+    : CMacroCategoryBase(category, property, true, false, ""), indicator_(indicator) {}
+
+bool CMacroCategoryCmdString_Str2Dec::Run(CMacroPropertyIF* property) {
+    std::string text;
+    if (!ReadTarget(property, text)) return false;
+    KeepWhile(text, IsDigit);
+    if (text.empty()) return Fail(property, kNoDecimal);
+    const auto number = ToUnsigned(text, 10);
+    return Check(property, text, number, indicator_, kNoDecimal) &&
+           property->SetResultInteger(static_cast<int>(number.value));
+}
+
+CMacroCategoryCmdString_Str2Float::CMacroCategoryCmdString_Str2Float(const char* category,
+                                                                     const char* property,
+                                                                     RangeIndicator& indicator)
+    : CMacroCategoryBase(category, property, true, false, ""), indicator_(indicator) {}
+
+bool CMacroCategoryCmdString_Str2Float::Run(CMacroPropertyIF* property) {
+    std::string text;
+    if (!ReadTarget(property, text)) return false;
+    KeepWhile(text, [hasPoint = false](char c) mutable {
+        if (c != '.' || hasPoint) return IsDigit(c);
+        hasPoint = true;
+        return true;
+    });
+    if (text.empty()) return Fail(property, kNoFloating);
+    const auto number = ToFloating(text);
+    return Check(property, text, number, indicator_, kNoFloating) &&
+           property->SetResultFloating(number.value);
+}
+
+}  // namespace macroengine
