@@ -117,6 +117,7 @@ bool CMacroCategorySystem_CsvfileRead::Run(CMacroPropertyIF* property) {
     if (!file.OpenForReading(path)) return Fail(property, "File open error. (" + std::string(path) + ")");
     CMacroCommonValue rows;
     if (!ReadRows(property, file, converts != 0, rows)) return false;
+    if (file.HasReadError()) return Fail(property, "File read error. (" + std::string(path) + ")");
     call->SetResult(std::move(rows));
     return true;
 }

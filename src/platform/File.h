@@ -55,6 +55,9 @@ public:
     /// @return the number of bytes read: less than size only at the end of the file or after an error.
     std::size_t Read(char* buffer, std::size_t size);
 
+    /// @return whether an error has ended a Read early since the file was opened.
+    bool HasReadError() const { return hasReadError_; }
+
     /// Writes all bytes of the text.
     ///
     /// @return false when an error stopped it; a part may have been written.
@@ -68,6 +71,7 @@ private:
 
     /// A file descriptor, or a Windows handle.
     std::intptr_t handle_ = kNoHandle;
+    bool hasReadError_ = false;
 };
 
 }  // namespace macroengine::platform

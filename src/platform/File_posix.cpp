@@ -32,6 +32,7 @@ int OpenRetrying(const std::string& path, int flags) {
 
 bool File::OpenForReading(const std::string& path) {
     Close();
+    hasReadError_ = false;
     handle_ = OpenRetrying(path, O_RDONLY);
     if (!IsOpen()) return false;
     // The system opens a folder for reading as if it were a file and refuses only to read from it.
@@ -66,6 +67,7 @@ std::size_t File::Read(char* buffer, std::size_t size) {
         const ssize_t count =
             read(static_cast<int>(handle_), buffer + done, std::min(size - done, kMostAtOnce));
         if (count == -1 && errno == EINTR) continue;
+        if (count == -1) hasReadError_ = true;
         if (count <= 0) break;
         done += static_cast<std::size_t>(count);
     }

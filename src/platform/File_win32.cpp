@@ -29,6 +29,7 @@ std::intptr_t OpenHandle(const std::string& path, DWORD access, DWORD dispositio
 
 bool File::OpenForReading(const std::string& path) {
     Close();
+    hasReadError_ = false;
     handle_ = OpenHandle(path, GENERIC_READ, OPEN_EXISTING);
     return IsOpen();
 }
@@ -62,7 +63,8 @@ std::size_t File::Read(char* buffer, std::size_t size) {
     while (done < size) {
         const DWORD wanted = static_cast<DWORD>(std::min(size - done, kMostAtOnce));
         DWORD count = 0;
-        if (!ReadFile(ToHandle(handle_), buffer + done, wanted, &count, nullptr) || count == 0) break;
+        if (!ReadFile(ToHandle(handle_), buffer + done, wanted, &count, nullptr)) hasReadError_ = true;
+        if (count == 0) break;
         done += count;
     }
     return done;

@@ -28,6 +28,9 @@ public:
     /// @return false at the end of the file.
     bool Next(Line& line);
 
+    /// @return whether an error has ended the reading before the end of the file.
+    bool HasReadError() const { return file_.HasReadError(); }
+
 private:
     bool Fill();
 

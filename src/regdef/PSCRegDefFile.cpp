@@ -137,7 +137,9 @@ bool PSCRegDefFile::Load(const char* path) {
     for (Line line{}; lines.Next(line);)
         parser.ParseLine(line);
     parser.EndRegister();
-    return true;
+    if (!lines.HasReadError()) return true;
+    contents_.errors.AddError("File read error. (" + file + ")");
+    return false;
 }
 
 bool PSCRegDefFile::MergeSplitRegisters() {

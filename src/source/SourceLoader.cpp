@@ -64,8 +64,10 @@ bool ReadWhole(const std::string& path, platform::File& file, CErrorMessageTable
     if (size > std::numeric_limits<std::uint32_t>::max() - 1) throw std::bad_alloc();
     bytes.resize(static_cast<std::size_t>(size));
     bytes.resize(file.Read(bytes.data(), bytes.size()));
+    const bool hasReadError = file.HasReadError();
     file.Close();
-    if (bytes.empty()) {
+    // Half a macro is no macro: an error in the middle counts like a file that gives nothing.
+    if (bytes.empty() || hasReadError) {
         errors.AddError(Quoted("File read error. ", path));
         return false;
     }

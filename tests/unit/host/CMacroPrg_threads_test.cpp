@@ -172,5 +172,31 @@ TEST(CMacroPrgAbort, EveryAbortThatIsAcceptedEndsItsRun) {
     }
 }
 
+TEST(CMacroPrgAbort, AsManyRunsEndAbortedAsAbortsAreAccepted) {
+    // Short runs, so that many an abort comes at the very end of one: it is either seen or not accepted.
+    ScriptedProgram program;
+    program.Add(1, "");
+    program.Add(2, "");
+    std::atomic<bool> isOver{false};
+    int aborted = 0;
+    std::thread runner([&] {
+        for (int round = 0; round < 20000; ++round) {
+            program.Run();
+            if (!program.HasSucceeded()) {
+                ++aborted;
+                program.SetState(2);
+                program->GetErrors().Clear();
+            }
+        }
+        isOver = true;
+    });
+    int accepted = 0;
+    while (!isOver) {
+        if (program->RequestAbort()) ++accepted;
+    }
+    runner.join();
+    EXPECT_EQ(aborted, accepted);
+}
+
 }  // namespace
 }  // namespace macroengine

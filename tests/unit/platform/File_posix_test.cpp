@@ -90,5 +90,20 @@ TEST(FilePosix, AFullDeviceFailsTheWrite) {
     EXPECT_FALSE(file.Write("text"));
 }
 
+// The memory of the process itself reads like a file, but not at the place 0.
+TEST(FilePosix, AReadThatAnErrorHasEndedSaysSo) {
+    File file;
+    if (!file.OpenForReading("/proc/self/mem")) GTEST_SKIP() << "no such file";
+    EXPECT_FALSE(file.HasReadError());
+    char byte = 0;
+    EXPECT_EQ(file.Read(&byte, 1), 0U);
+    EXPECT_TRUE(file.HasReadError());
+    const TemporaryFolder folder;
+    ASSERT_TRUE(file.OpenForReading(folder.Write("good", "a")));
+    EXPECT_EQ(file.Read(&byte, 1), 1U);
+    EXPECT_EQ(file.Read(&byte, 1), 0U);
+    EXPECT_FALSE(file.HasReadError());
+}
+
 }  // namespace
 }  // namespace macroengine::platform
