@@ -14,8 +14,6 @@ class CMacroPropertyIF;
 /// @param property  the object that the engine handed to CMacroCategoryBase::Run.
 /// @param index     0-based.
 /// @return the text, which stays valid as long as `property`; null when there is no such argument or when
-/// `property`
-///         is null or not the engine's own. A text of an array that would exceed 64 MiB is cut there and ends
-///         in
-///         `...`. Throws nothing but the standard allocation failure.
+///         `property` is null or not the engine's own. A text of an array that would exceed 64 MiB is cut
+///         there and ends in `...`. Throws nothing but the standard allocation failure.
 MACROENGINE_API const char* FormatMacroArgument(CMacroPropertyIF* property, unsigned int index);

@@ -43,8 +43,7 @@ public:
     ///
     /// @param property  the arguments, the result and the messages of this call; not valid after Run returns.
     /// @return true on success; false after at least one message has been put into `property`, by one of its
-    /// checks or
-    ///         by CMacroPropertyIF::AddErrorMessage. The statement then fails.
+    ///         checks or by CMacroPropertyIF::AddErrorMessage. The statement then fails.
     virtual bool Run(CMacroPropertyIF* property) = 0;
 
     const char* GetCategoryName() const;  ///< The category as given, never null.

@@ -43,8 +43,7 @@ public:
     ///
     /// @param path  the file; `\` and `/` both separate folders.
     /// @return true when the file and all it includes were compiled; false with the reason in the error
-    /// lines. While
-    ///         the file is running (a command calls Load on its own file) it is refused.
+    ///         lines. While the file is running (a command calls Load on its own file) it is refused.
     virtual bool Load(const char* path) = 0;
 
     /// Runs the program from its first statement, and returns when it has ended.
@@ -52,8 +51,7 @@ public:
     /// Variables keep the values of the run before.
     ///
     /// @return true when the program ran to its end without an error; false when nothing is loaded, when a
-    /// statement
-    ///         failed, or after an abort. A call while the file is already running is refused.
+    ///         statement failed, or after an abort. A call while the file is already running is refused.
     virtual bool Run() = 0;
 
     /// @return the number of error lines.
@@ -61,8 +59,7 @@ public:
 
     /// @param index  0 to GetErrorCount() - 1, oldest first.
     /// @return the line, without a line end; the empty text for any other index, never null. It stays valid
-    /// until the
-    ///         next operation on this object that can add or clear lines.
+    ///         until the next operation on this object that can add or clear lines.
     virtual const char* GetErrorMessage(std::uint32_t index) const = 0;
 
     /// Forgets all error lines. The engine itself never does.
@@ -79,12 +76,10 @@ public:
     /// owned.
     /// @param command    the command. Not owned: it outlives this object.
     /// @param bareCall   true when the category is called without a command name, `category(...)`. All
-    /// commands of one
-    ///                   category agree in this.
+    ///                   commands of one category agree in this.
     /// @return false for a null command, or when the category exists with the other `bareCall`. Registering
-    /// the same
-    ///         category, command and namespace again is accepted and changes nothing: the first command
-    ///         stays.
+    ///         the same category, command and namespace again is accepted and changes nothing: the first
+    ///         command stays.
     virtual bool RegisterCategory(CMacroCategoryBase* companion, CMacroCategoryBase* command,
                                   bool bareCall) = 0;
 
@@ -94,15 +89,16 @@ public:
     virtual bool RequestPluginRegistration() = 0;
 
     /// @return the command that `category.command` means under the namespace in force, or null. Owned by
-    /// whoever
-    ///         registered it.
+    ///         whoever registered it.
     virtual CMacroCategoryBase* FindCommand(const char* category, const char* command) = 0;
 
     /// Asks a running program to stop after the statement that it is at. May be called from any thread.
     ///
+    /// An aborted program is not run again by itself: Run is refused until a Load has added a statement.
+    ///
     /// @return true when a run was under way: that Run returns false and its last line says "Macro aborted.",
-    /// unless
-    ///         an error of a statement ends it first. False when nothing is running; then nothing happens.
+    ///         unless an error of a statement ends it first. False when nothing is running; then nothing
+    ///         happens.
     virtual bool Abort() = 0;
 
     /// Sets the folder that commands complete relative paths with (CMacroPropertyIF::GetWorkFolder).
@@ -122,11 +118,9 @@ public:
     /// Chooses what a failing statement does to the run.
     ///
     /// @param stopOnError  true, the initial value: the run ends at the first error. False: it goes on, and
-    /// Run returns
-    ///                     false at the end.
+    ///                     Run returns false at the end.
     /// @param target       with stopOnError false and a target that is not null, the lines of errors passed
-    /// over are
-    ///                     dropped instead of gathered.
+    ///                     over are dropped instead of gathered.
     /// @param code         stored, not used.
     /// @return true.
     virtual bool SetErrorHandling(bool stopOnError, HWND target, std::uint32_t code) = 0;

@@ -166,7 +166,6 @@ public:
     virtual const char* GetAssignedArrayString(unsigned int element) = 0;
 
     /// @return the kind of an argument: 0 integer (signed, 32 bits), 1 floating (double precision), 2 text, 3
-    /// boolean,
-    ///         6 array, 8 no such argument.
+    ///         boolean, 6 array, 8 no such argument.
     virtual int GetArgType(unsigned int index) = 0;
 };

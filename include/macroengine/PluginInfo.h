@@ -21,8 +21,7 @@ MACROENGINE_API void SetMacroPluginInfo(int id, HWND window);
 /// @param id      receives the plug-in's id; may be null.
 /// @param window  receives its window; may be null.
 /// @return false, with the out-parameters untouched, for any other index, for a free place and as long as the
-/// process
-///         has entered no plug-in.
+///         process has entered no plug-in.
 MACROENGINE_API bool GetMacroPluginInfo(int index, int* id, HWND* window);
 
 /// Frees the first place that holds the window. Without such a place nothing happens.

@@ -61,8 +61,7 @@ public:
     /// @param command    not owned.
     /// @param bareCall   whether the category is called without a command's name.
     /// @return false for a null command, for a category that exists with the other `bareCall`, and for a
-    /// command
-    ///         without a name whose category has no default.
+    ///         command without a name whose category has no default.
     bool AddCategoryCommand(CMacroCategoryBase* companion, CMacroCategoryBase* command, bool bareCall);
 
     /// As AddCategoryCommand; the list destroys the command.

@@ -17,8 +17,7 @@ public:
 
     /// Takes a format apart.
     /// @return false when it holds a second conversion, a `*`, an unknown conversion or one that does not
-    /// suit the
-    ///         value.
+    ///         suit the value.
     bool Parse(std::string_view format, Value value);
 
     // Each writes the format with its value.

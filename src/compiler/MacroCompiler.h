@@ -28,8 +28,7 @@ public:
     /// Compiles a file with a lexer of its own; afterwards the compiler is back where it was.
     ///
     /// @param parent  the lexer of the including file: what is defined in either file both know from then on.
-    /// Null for
-    ///                the file that is loaded.
+    ///                Null for the file that is loaded.
     /// @return false with the reason in the error table.
     bool CompileFile(const std::string& path, const CLex* parent);
 

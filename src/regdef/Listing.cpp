@@ -51,8 +51,7 @@ void AppendRecord(std::string& text, std::uint32_t index, const CRegFields& reco
 }
 
 /// @return no less than the size of the listing. Room that stays unused costs address space alone, while a
-/// text
-///         that grows as it goes would be in memory twice.
+///         text that grows as it goes would be in memory twice.
 std::size_t BoundOf(const RegisterContents& contents) {
     std::size_t bound = kListedAddresses * kAddressLineBound + kRecordBound;
     for (const CRegFields& record : contents.records) {

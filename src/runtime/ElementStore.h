@@ -13,8 +13,7 @@ namespace macroengine {
 /// @param subscripts  operands, outermost first; at least one.
 /// @param source      may be a part of the variable itself.
 /// @return false when a subscript is no integer, is negative or too large, or when there is no memory; the
-/// variable is
-///         then as it was.
+///         variable is then as it was.
 bool StoreElement(CMacroCommonValue& variable, const std::vector<CMacroCommonValue>& subscripts,
                   const ValueView& source);
 

@@ -26,8 +26,7 @@ private:
 /// Reads a whole source file, plain or encoded.
 ///
 /// The extension chooses, without regard to case: `.iod` and `.dat` are encoded; `.rgi` is plain when some
-/// line holds
-/// "[REGISTER]" and encoded otherwise; anything else is plain and read as it stands.
+/// line holds "[REGISTER]" and encoded otherwise; anything else is plain and read as it stands.
 ///
 /// @param file    a closed file, open only while the load is under way.
 /// @param errors  emptied first; receives the reason of a failure.

@@ -24,8 +24,7 @@ public:
     ///
     /// @param token  receives the token's characters, a view into the text.
     /// @return End at the end of the text, with an empty token; Failed with the reason in GetFailure(), and
-    /// the scanner
-    ///         positioned where it may go on.
+    ///         the scanner positioned where it may go on.
     Result Next(std::string_view& token);
 
     std::uint32_t GetLine() const { return line_; }

@@ -1,5 +1,6 @@
 #include <atomic>
 #include <gtest/gtest.h>
+#include <random>
 #include <string>
 #include <thread>
 
@@ -191,7 +192,10 @@ TEST(CMacroPrgAbort, AsManyRunsEndAbortedAsAbortsAreAccepted) {
         isOver = true;
     });
     int accepted = 0;
+    std::minstd_rand random(4711);
     while (!isOver) {
+        for (std::atomic<unsigned int> pause{static_cast<unsigned int>(random() % 200)}; pause > 0;)
+            --pause;
         if (program->RequestAbort()) ++accepted;
     }
     runner.join();
