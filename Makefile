@@ -9,7 +9,7 @@ build:
 demo:
 	@scripts/install_dependencies demo
 	@scripts/build_quietly demo
-	@build/demo/bin/macroctl run --board examples/scripts/bringup.mac
+	@build/demo/bin/macroctl run --registers examples/registers/amplifier.rgi examples/scripts/bringup.mac
 
 test:
 	@scripts/install_dependencies

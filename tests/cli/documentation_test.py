@@ -1,6 +1,7 @@
 """What the documents show is true: their macros and programs are there, and give the output that is shown.
 
     ```macro NAME     a file of that name, for the commands that follow in the same document
+    ```file NAME      the same for a file that is no macro
     ```cpp PATH       the very text of a file of the project
     ```console        lines that begin with "$ ", each followed by what it prints
 """
@@ -13,7 +14,7 @@ import unittest
 
 from cli_support import MACROCTL, SOURCE_DIR, TIMEOUT_SECONDS, CliTest
 
-BLOCK = re.compile(r"^```(macro|cpp|console)(?: (\S+))?\n(.*?)^```$", re.MULTILINE | re.DOTALL)
+BLOCK = re.compile(r"^```(macro|file|cpp|console)(?: (\S+))?\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 
 
 class DocumentationTest(CliTest):
@@ -23,7 +24,7 @@ class DocumentationTest(CliTest):
                 with self.subTest(document=document.name, kind=kind, name=name or text.splitlines()[0]):
                     if kind == "console":
                         self.check_console(text)
-                    elif name and kind == "macro":
+                    elif name and kind in ("macro", "file"):
                         self.write(name, text)
                     elif name:
                         self.assertEqual(text, (SOURCE_DIR / name).read_text(encoding="utf-8"))

@@ -6,23 +6,29 @@ import unittest
 from cli_support import SOURCE_DIR, CliTest, plugin, program
 
 BRINGUP = "examples/scripts/bringup.mac"
+DEVICE = ("--registers", "examples/registers/amplifier.rgi")
 
 
 class ExamplesTest(CliTest):
     def test_bringup(self) -> None:
         golden = pathlib.Path(__file__).with_name("bringup.expected").read_text(encoding="utf-8")
-        self.assert_result(self.macroctl("run", "--board", BRINGUP, cwd=SOURCE_DIR), 0, golden)
+        self.assert_result(self.macroctl("run", *DEVICE, BRINGUP, cwd=SOURCE_DIR), 0, golden)
 
     def test_bringup_traced(self) -> None:
-        result = self.macroctl("run", "--board", "--trace-bus", BRINGUP, cwd=SOURCE_DIR)
+        result = self.macroctl("run", *DEVICE, "--trace-bus", BRINGUP, cwd=SOURCE_DIR)
         self.assertEqual(result.status, 0)
         lines = result.err.splitlines()
-        self.assertEqual(lines[0], "bus 2-wire write 0x0000 <- 0x5A")
+        self.assertEqual(lines[0], "bus 2-wire write 0x0003 <- 0x80")
         self.assertEqual(lines[-1], "bus 2-wire write 0x0023 <- 0x5B")
 
     def test_scripts_compile(self) -> None:
         scripts = sorted(str(file) for file in (SOURCE_DIR / "examples" / "scripts").glob("*.mac"))
-        self.assert_result(self.macroctl("check", "--board", *scripts), 0)
+        self.assert_result(self.macroctl("check", *DEVICE, *scripts, cwd=SOURCE_DIR), 0)
+
+    def test_register_files_are_read_without_a_word(self) -> None:
+        files = sorted(str(file) for file in (SOURCE_DIR / "examples" / "registers").iterdir())
+        result = self.macroctl("registers", *files)
+        self.assertEqual((result.status, result.err), (0, ""))
 
     def test_plugin(self) -> None:
         name = self.write("a.mac", """\

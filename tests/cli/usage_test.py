@@ -25,6 +25,16 @@ class UsageTest(CliTest):
             (["check", "a.mac", "--work-dir", "."], "--work-dir"),
             (["run", "a.mac", "check", "a.mac"], "check"),
             (["run", "--board=3", "a.mac"], "board"),
+            (["run", "a.mac", "--registers"], "--registers"),
+            (["registers"], "FILE"),
+            (["registers", "--format", "xml", "a.rgi"], "there is no format named xml"),
+            (["registers", "--nosuch", "a.rgi"], "--nosuch"),
+            (["diff"], "OLD"),
+            (["diff", "a.rgi"], "NEW"),
+            (["diff", "a.rgi", "b.rgi", "c.rgi"], "c.rgi"),
+            (["diff", "--format", "csv", "a.rgi", "b.rgi"], "there is no format named csv"),
+            (["encode", "a.mac"], "OUT"),
+            (["decode"], "IN"),
         ]:
             with self.subTest(arguments):
                 result = self.macroctl(*arguments)
@@ -41,16 +51,24 @@ class UsageTest(CliTest):
 
     def test_help_names_every_option_and_status(self) -> None:
         for arguments, words in [
-            (["--help"], ["run", "check", "--version", "Exit status", "aborted"]),
-            (["run", "--help"], ["FILE", "--work-dir", "--namespace", "--plugin", "--board", "--keep-going",
-                                 "--trace-bus", "bus 2-wire write 0x0010 <- 0x3C"]),
-            (["check", "--help"], ["FILE", "--namespace", "--plugin", "--board"]),
+            (["--help"], ["run", "check", "registers", "diff", "encode", "decode", "--version", "Exit status",
+                          "aborted"]),
+            (["run", "--help"], ["FILE", "--work-dir", "--namespace", "--plugin", "--board", "--registers",
+                                 "--keep-going", "--trace-bus", "bus 2-wire write 0x0010 <- 0x3C"]),
+            (["check", "--help"], ["FILE", "--namespace", "--plugin", "--board", "--registers"]),
+            (["registers", "--help"], ["FILE", "--format", "table", "listing", "csv", "json", "markdown", "html",
+                                       "c-header", "svd", "--psc", "--merge", "Exit status"]),
+            (["diff", "--help"], ["OLD", "NEW", "--format", "json", "--psc", "Exit status", "breaking"]),
+            (["encode", "--help"], ["IN", "OUT"]),
+            (["decode", "--help"], ["IN", "OUT"]),
         ]:
             with self.subTest(arguments):
                 result = self.macroctl(*arguments)
                 self.assertEqual((result.status, result.err), (0, ""))
                 for word in words:
                     self.assertIn(word, result.out)
+                if len(arguments) == 2:
+                    self.assertRegex(result.out, rf"Examples?:\n  macroctl {arguments[0]} ")
 
     def test_options_may_stand_before_and_behind_the_file(self) -> None:
         name = self.write("a.mac", 'board.print("x")\n')
@@ -60,7 +78,8 @@ class UsageTest(CliTest):
 
     def test_the_manual_names_every_option(self) -> None:
         manual = (SOURCE_DIR / "docs" / "macroctl.md").read_text(encoding="utf-8")
-        for option in ["--work-dir", "--namespace", "--plugin", "--board", "--keep-going", "--trace-bus", "--version"]:
+        for option in ["--work-dir", "--namespace", "--plugin", "--board", "--registers", "--keep-going", "--trace-bus",
+                       "--format", "--psc", "--merge", "--version"]:
             self.assertIn(option, manual)
 
 

@@ -1,15 +1,13 @@
 #include <cstdio>
 #include <new>
 
-#include "MacroHost.h"
-#include "Options.h"
+#include "CommandLine.h"
 
 int main(int argc, char** argv) {
     try {
-        macroctl::Options options;
-        const auto finished = macroctl::ParseOptions(argc, argv, options);
-        if (finished) return *finished;
-        return macroctl::MacroHost(options).Execute();
+        macroctl::Action action;
+        const auto finished = macroctl::ParseCommandLine(argc, argv, action);
+        return finished ? *finished : action();
     } catch (const std::bad_alloc&) {
         std::fflush(stdout);
         std::fputs("macroctl: out of memory\n", stderr);

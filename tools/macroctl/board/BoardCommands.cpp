@@ -13,7 +13,6 @@ namespace macroctl {
 
 namespace {
 
-const char kCategory[] = "board";
 const char kNoNameSpace[] = "";
 
 constexpr unsigned int kHighestAddress = 0xFFFF;
@@ -22,17 +21,17 @@ constexpr unsigned int kHighestValue = 0xFF;
 }  // namespace
 
 ReadCommand::ReadCommand(const char* name, RegisterBus& bus, BusKind kind)
-    : CMacroCategoryBase(kCategory, name, true, false, kNoNameSpace), bus_(bus), kind_(kind) {}
+    : CMacroCategoryBase(kBoardCategory, name, true, false, kNoNameSpace), bus_(bus), kind_(kind) {}
 
 bool ReadCommand::Run(CMacroPropertyIF* property) {
     int address = 0;
     if (property->CheckArgumentCount(1, 1) < 0) return false;
     if (!property->GetArgInteger(0, 0, kHighestAddress, address)) return false;
-    return property->SetResultInteger(bus_.Read(kind_, static_cast<std::uint16_t>(address)));
+    return property->SetResultInteger(bus_.Read(kind_, static_cast<std::uint32_t>(address)));
 }
 
 WriteCommand::WriteCommand(const char* name, RegisterBus& bus, BusKind kind)
-    : CMacroCategoryBase(kCategory, name, false, false, kNoNameSpace), bus_(bus), kind_(kind) {}
+    : CMacroCategoryBase(kBoardCategory, name, false, false, kNoNameSpace), bus_(bus), kind_(kind) {}
 
 bool WriteCommand::Run(CMacroPropertyIF* property) {
     int address = 0;
@@ -40,11 +39,11 @@ bool WriteCommand::Run(CMacroPropertyIF* property) {
     if (property->CheckArgumentCount(2, 2) < 0) return false;
     if (!property->GetArgInteger(0, 0, kHighestAddress, address)) return false;
     if (!property->GetArgInteger(1, 0, kHighestValue, value)) return false;
-    bus_.Write(kind_, static_cast<std::uint16_t>(address), static_cast<std::uint8_t>(value));
+    bus_.Write(kind_, static_cast<std::uint32_t>(address), static_cast<std::uint8_t>(value));
     return true;
 }
 
-PrintCommand::PrintCommand() : CMacroCategoryBase(kCategory, "print", false, false, kNoNameSpace) {}
+PrintCommand::PrintCommand() : CMacroCategoryBase(kBoardCategory, "print", false, false, kNoNameSpace) {}
 
 bool PrintCommand::Run(CMacroPropertyIF* property) {
     const int count = property->CheckArgumentCount(1, UINT_MAX);
@@ -63,7 +62,7 @@ bool PrintCommand::Run(CMacroPropertyIF* property) {
     return false;
 }
 
-ExpectCommand::ExpectCommand() : CMacroCategoryBase(kCategory, "expect", false, false, kNoNameSpace) {}
+ExpectCommand::ExpectCommand() : CMacroCategoryBase(kBoardCategory, "expect", false, false, kNoNameSpace) {}
 
 bool ExpectCommand::Run(CMacroPropertyIF* property) {
     constexpr unsigned int kActual = 0;

@@ -8,6 +8,9 @@
 
 namespace macroctl {
 
+/// The category of all commands of a board.
+constexpr char kBoardCategory[] = "board";
+
 /// `x = board.read(address)` and `x = board.read3(address)`: the value of a register.
 class ReadCommand : public CMacroCategoryBase {
 public:

@@ -10,7 +10,7 @@ const char* WireText(BusKind bus) {
     return bus == BusKind::TwoWire ? "2-wire" : "3-wire";
 }
 
-void WriteLine(BusKind bus, const char* direction, std::uint16_t address, const char* arrow,
+void WriteLine(BusKind bus, const char* direction, std::uint32_t address, const char* arrow,
                std::uint8_t value) {
     char line[64];
     std::snprintf(line, sizeof line, "bus %s %s 0x%04X %s 0x%02X\n", WireText(bus), direction,
@@ -20,13 +20,13 @@ void WriteLine(BusKind bus, const char* direction, std::uint16_t address, const 
 
 }  // namespace
 
-std::uint8_t BusTrace::Read(BusKind bus, std::uint16_t address) {
+std::uint8_t BusTrace::Read(BusKind bus, std::uint32_t address) {
     const std::uint8_t value = target_.Read(bus, address);
     WriteLine(bus, "read", address, "->", value);
     return value;
 }
 
-void BusTrace::Write(BusKind bus, std::uint16_t address, std::uint8_t value) {
+void BusTrace::Write(BusKind bus, std::uint32_t address, std::uint8_t value) {
     target_.Write(bus, address, value);
     WriteLine(bus, "write", address, "<-", value);
 }

@@ -15,8 +15,8 @@ public:
     /// @param target  outlives this object.
     explicit BusTrace(RegisterBus& target) : target_(target) {}
 
-    std::uint8_t Read(BusKind bus, std::uint16_t address) override;
-    void Write(BusKind bus, std::uint16_t address, std::uint8_t value) override;
+    std::uint8_t Read(BusKind bus, std::uint32_t address) override;
+    void Write(BusKind bus, std::uint32_t address, std::uint8_t value) override;
 
 private:
     RegisterBus& target_;

@@ -12,9 +12,9 @@ class PlainRegisters : public RegisterBus {
 public:
     PlainRegisters() : twoWire_(kRegisterCount), threeWire_(kRegisterCount) {}
 
-    std::uint8_t Read(BusKind bus, std::uint16_t address) override { return Space(bus)[address]; }
+    std::uint8_t Read(BusKind bus, std::uint32_t address) override { return Space(bus)[address]; }
 
-    void Write(BusKind bus, std::uint16_t address, std::uint8_t value) override {
+    void Write(BusKind bus, std::uint32_t address, std::uint8_t value) override {
         Space(bus)[address] = value;
     }
 

@@ -1,24 +1,21 @@
 #pragma once
 
+#include "board/Board.h"
 #include "board/BoardCommands.h"
 #include "board/BusTrace.h"
 #include "board/PlainRegisters.h"
 
-class CMacroFileIF;
-
 namespace macroctl {
 
-/// A board without hardware: the commands of the category `board` over plain registers. It outlives the macro
-/// file that it is registered with.
-class SimulatedBoard {
+/// A board of plain registers.
+class SimulatedBoard : public Board {
 public:
     /// @param trace  whether each transaction is told on standard error.
     explicit SimulatedBoard(bool trace);
     SimulatedBoard(const SimulatedBoard&) = delete;
     SimulatedBoard& operator=(const SimulatedBoard&) = delete;
 
-    /// @return false when the file has a category `board` of another form.
-    bool RegisterWith(CMacroFileIF& file);
+    bool RegisterWith(CMacroFileIF& file) override;
 
 private:
     // In this order: the commands refer to the bus.

@@ -1,4 +1,4 @@
-#include "AbortOnInterrupt.h"
+#include "macro/AbortOnInterrupt.h"
 
 #include <atomic>
 #include <chrono>

@@ -1,4 +1,4 @@
-#include "Plugins.h"
+#include "macro/Plugins.h"
 
 #include <utility>
 

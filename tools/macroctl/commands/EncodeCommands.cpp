@@ -1,0 +1,69 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+
+#include "commands/Subcommands.h"
+#include "io/ErrorLines.h"
+#include "io/WholeFile.h"
+#include "text/SourceEncoding.h"
+
+namespace macroctl {
+
+namespace {
+
+using Conversion = bool (*)(const std::string& text, std::string& result, ConversionError& error);
+
+struct Options {
+    std::string input;
+    std::string output;
+};
+
+ExitStatus Convert(const Options& options, Conversion convert) {
+    ErrorLines errors;
+    std::string bytes;
+    std::string result;
+    ConversionError error;
+    if (!ReadWholeFile(options.input, bytes)) {
+        errors.Add("error : File open error. (" + options.input + ")");
+    } else if (!convert(bytes, result, error)) {
+        errors.Add(options.input + "(" + std::to_string(error.line) + "): error : " + error.reason);
+    } else if (!WriteWholeFile(options.output, result)) {
+        errors.Add("error : File write error. (" + options.output + ")");
+    }
+    return errors.IsEmpty() ? kExitDone : kExitFailed;
+}
+
+void Add(CLI::App& app, Action& chosen, const char* name, const char* description, const char* footer,
+         Conversion convert) {
+    const auto options = std::make_shared<Options>();
+    CLI::App* command = app.add_subcommand(name, description);
+    command->add_option("IN", options->input, "File to read")->required()->option_text("REQUIRED");
+    command
+        ->add_option("OUT", options->output,
+                     "File to write, which may be the same; it is left as it was when IN is refused")
+        ->required()
+        ->option_text("REQUIRED");
+    command->footer(footer);
+    command->callback(
+        [options, convert, &chosen] { chosen = [options, convert] { return Convert(*options, convert); }; });
+}
+
+}  // namespace
+
+void AddEncode(CLI::App& app, Action& chosen) {
+    Add(app, chosen, "encode", "Write the encoded form of a text file",
+        "The engine reads the encoded form from files named .dat and .iod, and .rgi.\n"
+        "\n"
+        "Example:\n"
+        "  macroctl encode bringup.mac bringup.dat && macroctl run bringup.dat\n",
+        EncodeText);
+}
+
+void AddDecode(CLI::App& app, Action& chosen) {
+    Add(app, chosen, "decode", "Write the text of an encoded file",
+        "Example:\n"
+        "  macroctl decode bringup.dat bringup.mac\n",
+        DecodeText);
+}
+
+}  // namespace macroctl

@@ -1,0 +1,77 @@
+#include <CLI/CLI.hpp>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "commands/Subcommands.h"
+#include "formats/Formats.h"
+#include "io/Output.h"
+#include "registers/RegisterFile.h"
+
+namespace macroctl {
+
+namespace {
+
+const std::map<std::string, RegisterWriter> kWriters = {
+    {"table", WriteTable},       {"listing", WriteListing}, {"csv", WriteCsv},          {"json", WriteJson},
+    {"markdown", WriteMarkdown}, {"html", WriteHtml},       {"c-header", WriteCHeader}, {"svd", WriteSvd},
+};
+
+struct Options {
+    std::vector<std::string> files;
+    std::string format = "table";
+    ReadingOptions reading;
+};
+
+/// What could be read is shown also when a file has errors.
+ExitStatus ShowRegisters(const Options& options) {
+    std::vector<RegisterFile> files;
+    bool good = true;
+    for (const std::string& path : options.files) {
+        files.emplace_back(path, options.reading);
+        good = good && files.back().IsGood();
+    }
+    Output out;
+    kWriters.at(options.format)(files, out);
+    if (!out.Finish()) good = false;
+    for (const RegisterFile& file : files)
+        file.ReportErrors();
+    return good ? kExitDone : kExitFailed;
+}
+
+}  // namespace
+
+void AddRegisters(CLI::App& app, Action& chosen) {
+    const auto options = std::make_shared<Options>();
+    CLI::App* command = app.add_subcommand("registers", "Show the registers of register files");
+    command->add_option("FILE", options->files, "Register files")->required()->option_text("... REQUIRED");
+    command
+        ->add_option("--format", options->format,
+                     "table (the default), listing, csv, json, markdown, html, c-header or svd")
+        ->type_name("FORMAT")
+        ->option_text("FORMAT")
+        ->check(CLI::Validator(
+            [](std::string& name) {
+                return kWriters.count(name) == 1 ? std::string() : "there is no format named " + name;
+            },
+            ""));
+    command
+        ->add_flag("--psc", options->reading.lineBased,
+                   "Read the files as line-based ones; without it their content decides")
+        ->disable_flag_override();
+    command
+        ->add_flag("--merge", options->reading.merge,
+                   "Join the registers that a line-based file gives in parts")
+        ->disable_flag_override();
+    command->footer(
+        "Examples:\n"
+        "  macroctl registers amplifier.rgi\n"
+        "  macroctl registers --format html amplifier.rgi > amplifier.html\n"
+        "\n"
+        "Exit status: 0, or 1 when a file has errors; the registers that could be read are shown then "
+        "too.\n");
+    command->callback([options, &chosen] { chosen = [options] { return ShowRegisters(*options); }; });
+}
+
+}  // namespace macroctl

@@ -1,0 +1,67 @@
+#include "io/WholeFile.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <random>
+#include <system_error>
+
+namespace macroctl {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct CloseStream {
+    void operator()(std::FILE* stream) const { std::fclose(stream); }
+};
+
+using Stream = std::unique_ptr<std::FILE, CloseStream>;
+
+bool WriteBytes(const std::string& path, const char* mode, const std::string& bytes) {
+    Stream stream(std::fopen(path.c_str(), mode));
+    if (!stream) return false;
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stream.get()) == bytes.size();
+    return std::fclose(stream.release()) == 0 && written;
+}
+
+/// Beside the file, because only within one file system a file can take another's place.
+std::string TemporaryName(const fs::path& path) {
+    return path.string() + "." + std::to_string(std::random_device()()) + ".tmp";
+}
+
+}  // namespace
+
+bool ReadWholeFile(const std::string& path, std::string& bytes) {
+    std::error_code ignored;
+    if (fs::is_directory(path, ignored)) return false;
+    const Stream stream(std::fopen(path.c_str(), "rb"));
+    if (!stream) return false;
+    bytes.clear();
+    char buffer[0x10000];
+    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, stream.get()))
+        bytes.append(buffer, count);
+    return std::ferror(stream.get()) == 0;
+}
+
+bool WriteWholeFile(const std::string& path, const std::string& bytes) {
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    const bool exists = fs::exists(status);
+    if (exists && !fs::is_regular_file(status)) return WriteBytes(path, "wb", bytes);
+
+    // A link stays one: what it leads to is replaced.
+    const fs::path target = exists ? fs::canonical(path, error) : fs::path(path);
+    if (exists && error) return false;
+    const std::string temporary = TemporaryName(target);
+    bool done = WriteBytes(temporary, "wbx", bytes);
+    if (done && exists) fs::permissions(temporary, status.permissions(), error);
+    if (done) {
+        fs::rename(temporary, target, error);
+        done = !error;
+    }
+    if (!done) fs::remove(temporary, error);
+    return done;
+}
+
+}  // namespace macroctl

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace macroctl {
+
+/// Reads a file byte for byte.
+///
+/// @return false when it can't be opened or read, as a folder can't.
+bool ReadWholeFile(const std::string& path, std::string& bytes);
+
+/// Writes a file whole or not at all: a file that was there stays as it was until the new one is complete.
+///
+/// What is no file in a folder, such as a device, is written to directly.
+///
+/// @return false when the bytes can't be written.
+bool WriteWholeFile(const std::string& path, const std::string& bytes);
+
+}  // namespace macroctl

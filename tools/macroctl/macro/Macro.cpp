@@ -1,0 +1,111 @@
+#include "macro/Macro.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <new>
+
+#include <macroengine/CMacroFileIF.h>
+
+#include "board/DeviceBoard.h"
+#include "board/SimulatedBoard.h"
+#include "io/ErrorLines.h"
+#include "macro/AbortOnInterrupt.h"
+#include "macro/CallCheck.h"
+
+namespace macroctl {
+
+namespace {
+
+ExitStatus RefuseUsage(const std::string& reason) {
+    std::fprintf(stderr, "macroctl: %s\n", reason.c_str());
+    return kExitUsage;
+}
+
+bool EndsWith(const std::string& text, const std::string& end) {
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+std::unique_ptr<Board> MakeBoard(const MacroEnvironment& environment) {
+    const LanguageOptions& options = environment.Options();
+    if (environment.Device() != nullptr)
+        return std::make_unique<DeviceBoard>(*environment.Device(), options.traceBus);
+    if (options.board) return std::make_unique<SimulatedBoard>(options.traceBus);
+    return nullptr;
+}
+
+}  // namespace
+
+std::optional<ExitStatus> MacroEnvironment::Prepare() {
+    std::string reason;
+    if (!plugins_.Load(options_.plugins, reason)) return RefuseUsage(reason);
+    if (options_.registerFile.empty()) return std::nullopt;
+    registerFile_ = std::make_unique<RegisterFile>(options_.registerFile, ReadingOptions{});
+    if (!registerFile_->IsGood()) {
+        // A device that lacks the registers of the bad lines would find fault with good macros.
+        registerFile_->ReportErrors();
+        return kExitFailed;
+    }
+    device_ = std::make_unique<DeviceMap>(*registerFile_);
+    return std::nullopt;
+}
+
+Macro::Macro(const MacroEnvironment& environment, const std::string& path)
+    : environment_(environment), path_(path), board_(MakeBoard(environment)) {
+    file_ = CreateMacroFileNoRegisterRequest(environment.Options().nameSpace, false);
+    if (file_ == nullptr) throw std::bad_alloc();
+}
+
+Macro::~Macro() {
+    DeleteMacroFile(file_);
+}
+
+bool Macro::RegisterCommands(std::string& reason) {
+    if (board_ && !board_->RegisterWith(*file_)) {
+        reason = "the board's commands can't be registered";
+        return false;
+    }
+    return environment_.LoadedPlugins().RegisterWith(*file_, reason);
+}
+
+std::optional<ExitStatus> Macro::Load() {
+    std::string reason;
+    if (!RegisterCommands(reason)) return RefuseUsage(reason);
+    if (file_->Load(path_.c_str())) return std::nullopt;
+    ReportErrors("the file can't be compiled.");
+    return kExitFailed;
+}
+
+bool Macro::CheckRegisterCalls() {
+    if (environment_.Device() == nullptr) return true;
+    ErrorLines findings;
+    FindRegisterMistakes(*file_, *environment_.Device(), findings);
+    return findings.IsEmpty();
+}
+
+ExitStatus Macro::Run(const RunOptions& options) {
+    file_->SetWorkDirectory(options.workDirectory.c_str());
+    file_->SetErrorHandling(!options.keepGoing, nullptr, 0);
+    bool ranToItsEnd = false;
+    {
+        const AbortOnInterrupt abortOnInterrupt(*file_);
+        ranToItsEnd = file_->Run();
+    }
+    if (ranToItsEnd) return kExitDone;
+    ReportErrors("the file can't be run.");
+    return WasAborted() ? kExitAborted : kExitFailed;
+}
+
+/// @param fallback  said when the engine has nothing to say, so that no failure goes without a word.
+void Macro::ReportErrors(const char* fallback) const {
+    ErrorLines lines;
+    for (std::uint32_t i = 0; i < file_->GetErrorCount(); ++i)
+        lines.Add(file_->GetErrorMessage(i));
+    if (lines.IsEmpty()) lines.Add(path_ + ": error : " + fallback);
+}
+
+bool Macro::WasAborted() const {
+    const std::uint32_t count = file_->GetErrorCount();
+    return count > 0 && EndsWith(file_->GetErrorMessage(count - 1), "error : Macro aborted.");
+}
+
+}  // namespace macroctl
