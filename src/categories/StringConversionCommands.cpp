@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 
+#include "categories/CommandFailure.h"
 #include "categories/NumberText.h"
 #include "categories/TrimSpaces.h"
 #include "macroengine/CMacroPropertyIF.h"
@@ -16,11 +17,6 @@ constexpr const char* kNoHexadecimal = "Error: Can't be converted to decimal a h
 constexpr const char* kStoppedHexadecimal = "Error: Can't be converted to adecimal a hexadecimal.";
 constexpr const char* kNoDecimal = "Error: Can't be converted to decimal a string.";
 constexpr const char* kNoFloating = "Error: Can't be converted to float a string.";
-
-bool Fail(CMacroPropertyIF* property, const std::string& message) {
-    property->AddErrorMessage(message.c_str());
-    return false;
-}
 
 bool ReadTarget(CMacroPropertyIF* property, std::string& text) {
     if (property->CheckArgumentCount(1, 1) < 0) return false;

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "categories/CommandFailure.h"
 #include "categories/TrimSpaces.h"
 #include "macroengine/CMacroPropertyIF.h"
 #include "platform/CodePage.h"
@@ -13,11 +14,6 @@
 namespace macroengine {
 
 namespace {
-
-bool Fail(CMacroPropertyIF* property, const char* message) {
-    property->AddErrorMessage(message);
-    return false;
-}
 
 /// Returns where the delimiter stands next, the text's length when it does not. It never begins at the second
 /// byte of a character.

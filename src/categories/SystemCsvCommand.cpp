@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "categories/CMacroProperty.h"
+#include "categories/CommandFailure.h"
 #include "categories/CsvReader.h"
 #include "categories/NumberText.h"
 #include "platform/File.h"
@@ -17,11 +18,6 @@
 namespace macroengine {
 
 namespace {
-
-bool Fail(CMacroPropertyIF* property, const std::string& message) {
-    property->AddErrorMessage(message.c_str());
-    return false;
-}
 
 enum class CellKind { Integer, Hexadecimal, Floating, Text };
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "categories/CommandFailure.h"
 #include "macroengine/CMacroPropertyIF.h"
 #include "platform/CodePage.h"
 #include "platform/File.h"
@@ -15,11 +16,6 @@ namespace {
 
 constexpr int kAppend = 1;
 constexpr int kFirst = 0;
-
-bool Fail(CMacroPropertyIF* property, const std::string& message) {
-    property->AddErrorMessage(message.c_str());
-    return false;
-}
 
 /// Replaces the escapes that stand for a line end, a tab and a backslash.
 std::string Unescape(std::string_view text) {

@@ -4,8 +4,8 @@
 
 namespace macroengine {
 
-/// `n = system.get_time_local(part, seconds)`: the year (part 0), month, day, hour, minute or second (part 5)
-/// of a time in the time zone of the system.
+/// `n = system.get_time_local(part, seconds)`: the year, month, day, hour, minute or second, for 0 to 5 in this
+/// order, of a time in the time zone of the system.
 class CMacroCategorySystem_GetTimeLocal : public CMacroCategoryBase {
 public:
     using CMacroCategoryBase::CMacroCategoryBase;

@@ -4,16 +4,12 @@
 #include <string>
 
 #include "categories/CMacroProperty.h"
+#include "categories/CommandFailure.h"
 #include "categories/SystemVariableStore.h"
 
 namespace macroengine {
 
 namespace {
-
-bool Fail(CMacroPropertyIF* property, const std::string& message) {
-    property->AddErrorMessage(message.c_str());
-    return false;
-}
 
 bool Get(CMacroPropertyIF* property, const std::string& name) {
     const std::optional<SystemValue> value = ReadSystemVariable(name);
