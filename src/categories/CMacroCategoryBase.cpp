@@ -46,7 +46,5 @@ bool CMacroCategoryBase::SetMacroCategoryList(const CMacroCategoryCmdList* list)
 
 CMacroCategoryBase* CMacroCategoryBase::GetMacroCategoryObject(const char* category,
                                                                const char* property) const {
-    // The default command of a bare call goes by its name here as any other.
-    if (list_ == nullptr || category == nullptr || *OrEmpty(property) == '\0') return nullptr;
-    return list_->FindCommand(category, property);
+    return list_ == nullptr ? nullptr : list_->FindCommand(OrEmpty(category), OrEmpty(property));
 }

@@ -98,7 +98,8 @@ CMacroCategoryBase* CMacroCategoryCmdList::Choose(CommandEntry& entry) const {
 
 CMacroCategoryBase* CMacroCategoryCmdList::FindCommand(std::string_view category,
                                                        std::string_view property) const {
-    CommandEntry* const entry = FindEntry(category, property);
+    // The default command of a bare call goes by its name here as any other.
+    CommandEntry* const entry = property.empty() ? nullptr : FindEntry(category, property);
     return entry == nullptr ? nullptr : Choose(*entry);
 }
 

@@ -74,7 +74,7 @@ public:
     /// @return null when the category or the command is unknown. It stays valid as long as the list.
     macroengine::CommandEntry* FindEntry(std::string_view category, std::string_view property) const;
 
-    /// @return the command that a script would run under the namespace in force, or null.
+    /// @return the command of that name that a script would run under the namespace in force, or null.
     CMacroCategoryBase* FindCommand(std::string_view category, std::string_view property) const;
 
     /// Makes a namespace current. The empty text goes back to the one before, if there is one.

@@ -130,9 +130,7 @@ bool CMacroFile::RequestPluginRegistration() {
 }
 
 CMacroCategoryBase* CMacroFile::FindCommand(const char* category, const char* command) {
-    // The default command of a bare call goes by its name here as any other.
-    if (*OrEmpty(command) == '\0') return nullptr;
-    return commands_.FindCommand(OrEmpty(category), command);
+    return commands_.FindCommand(OrEmpty(category), OrEmpty(command));
 }
 
 bool CMacroFile::Abort() {

@@ -71,9 +71,16 @@ TEST(BuiltinCommands, AreAllThere) {
 
 TEST(BuiltinCommands, OnlyWaitingNeedsNoCommandName) {
     const CMacroCategoryCmdList list("");
-    EXPECT_EQ(list.FindCommand("wait_ms", ""), list.FindCommand("wait_ms", "wait_ms"));
+    ASSERT_NE(list.FindEntry("wait_ms", "wait_ms"), nullptr);
+    EXPECT_EQ(list.FindEntry("wait_ms", ""), list.FindEntry("wait_ms", "wait_ms"));
     for (const char* category : {"string", "array", "system", "using"})
-        EXPECT_EQ(list.FindCommand(category, ""), nullptr) << category;
+        EXPECT_EQ(list.FindEntry(category, "")->property, "") << category;
+}
+
+TEST(BuiltinCommands, ACommandIsFoundByItsNameOnly) {
+    const CMacroCategoryCmdList list("");
+    EXPECT_NE(list.FindCommand("wait_ms", "wait_ms"), nullptr);
+    EXPECT_EQ(list.FindCommand("wait_ms", ""), nullptr);
 }
 
 }  // namespace
