@@ -44,6 +44,9 @@ public:
     /// @param property  the arguments, the result and the messages of this call; not valid after Run returns.
     /// @return true on success; false after at least one message has been put into `property`, by one of its
     ///         checks or by CMacroPropertyIF::AddErrorMessage. The statement then fails.
+    ///
+    /// An exception ends here: the statement fails with "category.command() threw an exception. (what)", or with
+    /// "Memory allocation error" when it is the standard allocation failure.
     virtual bool Run(CMacroPropertyIF* property) = 0;
 
     const char* GetCategoryName() const;  ///< The category as given, never null.
