@@ -14,6 +14,9 @@ public:
     /// @param operand  a variable reference or an element reference.
     void SetDestination(CMacroCommonValue operand) { destination_ = std::move(operand); }
 
+    const CMacroCommonValue& GetSource() const { return source_; }
+    const CMacroCommonValue& GetDestination() const { return destination_; }
+
     bool vfRun() override;
 
 private:

@@ -14,6 +14,9 @@ public:
     void SetRight(CMacroCommonValue operand) { right_ = std::move(operand); }
     void SetOperator(std::string_view text) { operator_ = OperatorFromText(text); }
 
+    const CMacroCommonValue& GetLeft() const { return left_; }
+    const CMacroCommonValue& GetRight() const { return right_; }
+    Operator GetOperator() const { return operator_; }
     CMacroCommonValue& GetResult() { return result_; }
 
     bool vfRun() override;

@@ -25,6 +25,7 @@ public:
     void SetControl(Control control) { control_ = control; }
     Control GetControl() const { return control_; }
     void SetCondition(CMacroCommonValue operand) { condition_ = std::move(operand); }
+    const CMacroCommonValue& GetCondition() const { return condition_; }
 
     /// Where to go on after a condition that holds, and where a jump leads.
     void SetJumpTarget(std::int32_t group) { jumpTarget_ = group; }
