@@ -16,6 +16,12 @@ constexpr const char* kAborted = "Macro aborted.";
 constexpr const char* kNothingToRun = "Nothing macro sequence.";
 constexpr const char* kRunTimeError = "run time error !";
 
+#ifdef MACROENGINE_EXECUTION_PLAN
+constexpr bool kUsesPlans = true;
+#else
+constexpr bool kUsesPlans = false;
+#endif
+
 /// @return a capacity with room for one more element, which grows in steps that make appending cheap.
 template <class Element>
 std::size_t GrownCapacity(const std::vector<Element>& elements) {
@@ -24,7 +30,7 @@ std::size_t GrownCapacity(const std::vector<Element>& elements) {
 
 }  // namespace
 
-CMacroPrg::CMacroPrg() = default;
+CMacroPrg::CMacroPrg() : usesPlans_(kUsesPlans) {}
 
 CMacroPrg::~CMacroPrg() = default;
 
@@ -144,11 +150,11 @@ bool CMacroPrg::RunGroups() {
         unit.workFolder = &runWorkDirectory_;
     passedError_ = false;
 
-    const std::size_t count = groupStarts_.size();
+    const bool usesPlans = usesPlans_ && !HasBreakpoints();
+    ExecutionPlan* plan = nullptr;  // of the loop under way
     std::size_t group = 0;
-    while (group < count) {
+    while (group < groupStarts_.size()) {
         current_ = groupStarts_[group];
-        const std::size_t end = group + 1 < count ? groupStarts_[group + 1] : statements_.size();
         switch (WaitAtGate(statements_[current_]->HasBreakFlag())) {
             case Gate::Open:
                 break;
@@ -157,21 +163,52 @@ bool CMacroPrg::RunGroups() {
             case Gate::Closed:
                 return false;
         }
-        ++group;
+        auto progress = plan::Progress::ToRun;
+        if (plan != nullptr && plan->Covers(group) && GetState() == State::Running) {
+            const plan::Exit exit = plan->Run(group, state_, current_);
+            if (exit.statement == statements_.size()) break;
+            current_ = exit.statement;
+            progress = exit.progress;
+            group = GroupOfCurrent();
+        }
+        const std::size_t end = EndOfGroup(group);
+        std::size_t nextGroup = group + 1;
         for (; current_ < end; ++current_) {
             CMacroStatementBase& statement = *statements_[current_];
-            if (!statement.vfRun() && !PassOver(statement)) return false;
+            const bool succeeded =
+                progress == plan::Progress::ToRun ? statement.vfRun() : progress == plan::Progress::HasRun;
+            progress = plan::Progress::ToRun;
+            if (!succeeded && !PassOver(statement)) return false;
             if (IsAborted()) return FailAt(statement, kAborted);
             const std::int32_t next = statement.GetNextIndex();
             if (next != CMacroStatementBase::kNextInOrder) {
-                group = static_cast<std::uint32_t>(next);
+                nextGroup = static_cast<std::uint32_t>(next);
                 break;
             }
         }
+        if (usesPlans && nextGroup <= group && (plan == nullptr || !plan->Covers(nextGroup))) {
+            plan = plans_.Find(nextGroup);
+        }
+        group = nextGroup;
         State state = GetState();
         if (state == State::StepRunning) state_.compare_exchange_strong(state, State::Breaking);
     }
     return Finish();
+}
+
+std::size_t CMacroPrg::EndOfGroup(std::size_t group) const {
+    return group + 1 < groupStarts_.size() ? groupStarts_[group + 1] : statements_.size();
+}
+
+/// @return the group of the statement that is running.
+std::size_t CMacroPrg::GroupOfCurrent() const {
+    const auto behind = std::upper_bound(groupStarts_.begin(), groupStarts_.end(), current_);
+    return static_cast<std::size_t>(behind - groupStarts_.begin()) - 1;
+}
+
+bool CMacroPrg::HasBreakpoints() const {
+    return std::any_of(units_.begin(), units_.end(),
+                       [](const SourceUnit& unit) { return unit.hasBreakpoints; });
 }
 
 bool CMacroPrg::IsAborted() const {

@@ -10,8 +10,10 @@
 #include "host/CErrorMessageTable.h"
 #include "macroengine/WindowHandle.h"
 #include "runtime/CMacroStatementBase.h"
+#include "runtime/RunState.h"
 #include "runtime/SourceUnit.h"
 #include "runtime/VariableTable.h"
+#include "runtime/plan/LoopPlans.h"
 
 namespace macroengine {
 
@@ -22,18 +24,7 @@ namespace macroengine {
 /// that runs.
 class CMacroPrg {
 public:
-    enum class State : std::int32_t {
-        Empty = 0,
-        Loading = 1,
-        Loaded = 2,
-        Running = 3,
-        StepRunning = 4,  ///< executes one group, then pauses
-        Breaking = 5,     ///< paused
-        Finished = 6,
-        Aborting = 7,
-        Aborted = 8,
-        Failed = 9
-    };
+    using State = RunState;
 
     /// How InsertMacroNode chooses the group of a statement.
     enum class Grouping {
@@ -82,6 +73,10 @@ public:
     void SetLineNotification(std::uint32_t code, HWND target, std::uint32_t enableCount);
     void SetErrorHandling(bool stopOnError, HWND target, std::uint32_t code);
 
+    /// Whether loops run by their plans (the default of a build with MACROENGINE_EXECUTION_PLAN) or statement
+    /// by statement. Nobody can tell but by the time it takes.
+    void UsePlans(bool use) { usesPlans_ = use; }
+
 private:
     struct Notification {
         std::uint32_t code;
@@ -94,6 +89,9 @@ private:
     bool IsInLastGroup(const CMacroStatementBase& statement) const;
     void ResolveWorkDirectory();
     bool RunGroups();
+    std::size_t EndOfGroup(std::size_t group) const;
+    std::size_t GroupOfCurrent() const;
+    bool HasBreakpoints() const;
     bool IsAborted() const;
     Gate WaitAtGate(bool breakFlag);
     bool PassOver(CMacroStatementBase& statement);
@@ -106,6 +104,8 @@ private:
     std::deque<SourceUnit> units_;
     std::vector<std::unique_ptr<CMacroStatementBase>> statements_;
     std::vector<std::uint32_t> groupStarts_;  ///< for each group the index of its first statement
+    LoopPlans plans_{{statements_, groupStarts_}};
+    bool usesPlans_;
 
     CErrorMessageTable errors_;
     std::atomic<State> state_{State::Empty};

@@ -58,6 +58,9 @@ public:
     const ValueView& View() const { return view_; }
     ValueKind GetType() const { return view_.eType; }
 
+    /// @return the value itself, for who keeps count of the references in it.
+    ValueView& Cell() { return view_; }
+
     /// Becomes a copy of what the view sees, which may be a part of this very value.
     void Assign(const ValueView& view) {
         Retain(view);

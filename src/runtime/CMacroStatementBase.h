@@ -44,7 +44,10 @@ public:
 
     /// Whether the run pauses before this statement's group. Nothing in the engine sets it.
     bool HasBreakFlag() const { return breakFlag_; }
-    void SetBreakFlag(bool flag) { breakFlag_ = flag; }
+    void SetBreakFlag(bool flag) {
+        breakFlag_ = flag;
+        unit_->hasBreakpoints |= flag;
+    }
 
 protected:
     /// @param unit  outlives the statement.

@@ -42,6 +42,11 @@ public:
         return static_cast<std::uint32_t>(isPacked_ ? integers_.size() : cells_.size());
     }
 
+    /// Whether the elements are packed integers, which Integers() gives; otherwise Cells() gives them.
+    bool IsPacked() const { return isPacked_; }
+    std::int32_t* Integers() { return integers_.data(); }
+    ValueView* Cells() { return cells_.data(); }
+
     /// @return the element; requires index < GetSize().
     ValueView At(std::uint32_t index) const {
         return isPacked_ ? ValueView::Integer(integers_[index]) : cells_[index];

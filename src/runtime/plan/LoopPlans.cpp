@@ -1,0 +1,47 @@
+#include "runtime/plan/LoopPlans.h"
+
+#include <algorithm>
+
+#include "runtime/CMacroStatementControl.h"
+
+namespace macroengine {
+
+using Control = CMacroStatementControl::Control;
+
+ExecutionPlan* LoopPlans::Find(std::size_t group) {
+    if (knownStatements_ != program_.statements.size()) FindRanges();
+    const auto behind =
+        std::upper_bound(ranges_.begin(), ranges_.end(), group,
+                         [](std::size_t wanted, const Range& range) { return wanted < range.first; });
+    if (behind == ranges_.begin()) return nullptr;
+    Range& range = *std::prev(behind);
+    if (group >= range.end) return nullptr;
+    if (range.plan == nullptr) range.plan = std::make_unique<ExecutionPlan>(program_, range.first, range.end);
+    return range.plan.get();
+}
+
+void LoopPlans::FindRanges() {
+    ranges_.clear();
+    const std::vector<std::uint32_t>& starts = program_.groupStarts;
+    knownStatements_ = program_.statements.size();
+    for (std::size_t group = 0; group < starts.size();) {
+        const std::size_t end = group + 1 < starts.size() ? starts[group + 1] : program_.statements.size();
+        std::size_t next = group + 1;
+        for (std::size_t i = starts[group]; i < end; ++i) {
+            const CMacroStatementBase& statement = *program_.statements[i];
+            if (statement.GetKind() != CMacroStatementBase::Kind::Control) continue;
+            const auto& control = static_cast<const CMacroStatementControl&>(statement);
+            if (control.GetControl() != Control::Loop) continue;
+            const auto exit = static_cast<std::size_t>(control.GetFalseTarget());
+            // A loop that was never closed, in a program that was not loaded to its end, has no exit.
+            if (control.GetFalseTarget() <= static_cast<std::int32_t>(group) || exit > starts.size())
+                continue;
+            ranges_.push_back({group, exit, nullptr});
+            next = exit;
+            break;
+        }
+        group = next;
+    }
+}
+
+}  // namespace macroengine

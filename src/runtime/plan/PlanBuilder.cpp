@@ -1,0 +1,353 @@
+#include "runtime/plan/PlanBuilder.h"
+
+#include "runtime/VariableTable.h"
+#include "runtime/plan/ElementSteps.h"
+#include "runtime/plan/OperateSteps.h"
+#include "runtime/plan/StatementSteps.h"
+
+// A group of statements becomes a row of steps:
+//
+//     a[i] = b + c[j] * 2      LoadElement c[j], Multiply, Add, StoreElement
+//     loop i < n               LessThan, which jumps behind the loop when it does not hold
+//     endloop                  LessThan once more, which jumps into the loop when it holds
+//
+// An operation whose result is assigned to a variable assigns it itself, and a comparison followed by its
+// control statement branches itself. Steps that do the work of several statements carry the range of them, so
+// that they can leave it to them as a whole. Statements that do nothing leave no step.
+
+namespace macroengine {
+
+using Kind = CMacroStatementBase::Kind;
+using Control = CMacroStatementControl::Control;
+using plan::Branch;
+using plan::StepOrigin;
+
+namespace {
+
+/// @return whether an operand stands for the result of a statement.
+bool IsResult(const CMacroCommonValue& operand, const CMacroCommonValue& result) {
+    const ValueView& view = operand.View();
+    return view.eType == ValueKind::ResultReference && view.result == &result;
+}
+
+bool IsConditional(Control control) {
+    return control == Control::If || control == Control::ElseIf || control == Control::Loop;
+}
+
+}  // namespace
+
+PlanBuilder::PlanBuilder(ExecutionPlan& plan) : plan_(plan), program_(plan.program_) {}
+
+void PlanBuilder::Build() {
+    for (group_ = plan_.firstGroup_; group_ < plan_.endGroup_; ++group_) {
+        groupSteps_.push_back(static_cast<std::uint32_t>(plan_.steps_.size()));
+        BuildCheck();
+        const std::size_t end = EndOfGroup(group_);
+        for (std::size_t i = program_.groupStarts[group_]; i < end;)
+            i = BuildStatement(i, end);
+    }
+    AddExit(static_cast<std::int32_t>(plan_.endGroup_));
+    Connect();
+}
+
+/// Has the state looked at now and then in a long body, as jumps backwards do in a short one.
+void PlanBuilder::BuildCheck() {
+    if (plan_.steps_.size() < checkFrom_) return;
+    checkFrom_ = plan_.steps_.size() + kStepsPerCheck;
+    AddStep(plan::CheckState);
+    plan_.origins_.back().jumpStatement = program_.groupStarts[group_];
+}
+
+std::size_t PlanBuilder::EndOfGroup(std::size_t group) const {
+    return group + 1 < program_.groupStarts.size() ? program_.groupStarts[group + 1]
+                                                   : program_.statements.size();
+}
+
+/// Turns the groups that steps lead to into steps, now that both are all known and stay where they are.
+void PlanBuilder::Connect() {
+    std::vector<StepOrigin>& origins = plan_.origins_;
+    std::vector<std::uint32_t> targets(origins.size(), 0);
+    const std::size_t count = origins.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::int32_t group = origins[i].jumpGroup;
+        if (group < 0 || plan_.steps_[i].run == plan::LeavePlan) continue;
+        targets[i] = plan_.Covers(static_cast<std::size_t>(group))
+                         ? groupSteps_[static_cast<std::size_t>(group) - plan_.firstGroup_]
+                         : AddExit(group);
+    }
+    Step* const steps = plan_.steps_.data();
+    for (std::size_t i = 0; i < count; ++i) {
+        if (origins[i].jumpGroup >= 0) steps[i].jump = steps + targets[i];
+    }
+    for (const std::uint32_t first : groupSteps_)
+        plan_.entries_.push_back(steps + first);
+}
+
+// Steps
+
+PlanBuilder::Step& PlanBuilder::AddStep(plan::Handler run) {
+    plan_.origins_.emplace_back();
+    Step& step = plan_.steps_.emplace_back();
+    step = {run, nullptr, nullptr, nullptr, {nullptr}, nullptr};
+    return step;
+}
+
+std::uint32_t PlanBuilder::AddExit(std::int32_t group) {
+    const auto [exit, isNew] = exits_.emplace(group, static_cast<std::uint32_t>(plan_.steps_.size()));
+    if (isNew) {
+        AddStep(plan::LeavePlan);
+        plan_.origins_.back().jumpGroup = group;
+    }
+    return exit->second;
+}
+
+void PlanBuilder::BeginSteps(std::size_t firstStatement) {
+    sequenceStart_ = plan_.steps_.size();
+    sequenceStatement_ = firstStatement;
+}
+
+/// Tells the steps built since BeginSteps which statements they stand for.
+void PlanBuilder::EndSteps(std::size_t endStatement) {
+    for (std::size_t i = sequenceStart_; i < plan_.steps_.size(); ++i) {
+        plan_.origins_[i].firstStatement = static_cast<std::uint32_t>(sequenceStatement_);
+        plan_.origins_[i].endStatement = static_cast<std::uint32_t>(endStatement);
+        plan_.origins_[i].after = static_cast<std::uint32_t>(plan_.steps_.size());
+    }
+}
+
+/// Takes back the steps built since BeginSteps.
+void PlanBuilder::DropSteps() {
+    plan_.steps_.resize(sequenceStart_);
+    plan_.origins_.resize(sequenceStart_);
+}
+
+// Operands
+
+const ValueView* PlanBuilder::FindSlot(const ValueView& operand) {
+    switch (operand.eType) {
+        case ValueKind::VariableReference:
+            return &operand.variable->value.View();
+        case ValueKind::ResultReference:
+            return operand.result == nullptr ? nullptr : &operand.result->View();
+        case ValueKind::ElementReference:
+            return BuildLoad(*operand.element);
+        default:
+            return IsConcrete(operand.eType) ? &plan_.slots_.emplace_back(operand) : nullptr;
+    }
+}
+
+const ValueView* PlanBuilder::BuildLoad(const ElementReference& element) {
+    const ValueView* base = &element.variable->value.View();
+    for (const CMacroCommonValue& subscript : element.subscripts) {
+        const ValueView* const index = FindSlot(subscript);
+        if (index == nullptr) return nullptr;
+        ValueView& loaded = plan_.slots_.emplace_back();
+        Step& step = AddStep(plan::LoadElement);
+        step.left = base;
+        step.right = index;
+        step.target = &loaded;
+        base = &loaded;
+    }
+    return base;
+}
+
+// Statements
+
+std::size_t PlanBuilder::BuildStatement(std::size_t index, std::size_t end) {
+    BeginSteps(index);
+    switch (KindAt(index)) {
+        case Kind::Operate:
+            return BuildOperate(index, end);
+        case Kind::Compare:
+            return BuildCompare(index, end);
+        case Kind::Assign:
+            return BuildAssign(index);
+        case Kind::Control:
+            return BuildControl(index);
+        case Kind::Category:
+            break;
+    }
+    return BuildAnyStatement(index);
+}
+
+std::size_t PlanBuilder::BuildAnyStatement(std::size_t index) {
+    AddStep(plan::RunStatements);
+    EndSteps(index + 1);
+    return index + 1;
+}
+
+std::size_t PlanBuilder::BuildOperate(std::size_t index, std::size_t end) {
+    auto& operate = StatementAt<CMacroStatementOperate>(index);
+    const ValueView* const left = FindSlot(operate.GetLeft());
+    const ValueView* const right = left == nullptr ? nullptr : FindSlot(operate.GetRight());
+    if (right == nullptr) {
+        DropSteps();
+        return BuildAnyStatement(index);
+    }
+    Variable* target = nullptr;
+    if (index + 1 < end && KindAt(index + 1) == Kind::Assign) {
+        const auto& assign = StatementAt<CMacroStatementAssign>(index + 1);
+        const ValueView& destination = assign.GetDestination().View();
+        const bool isWhole = destination.eType == ValueKind::VariableReference;
+        if (isWhole && IsResult(assign.GetSource(), operate.GetResult())) target = destination.variable;
+    }
+    Step& step = AddStep(plan::ChooseOperation(operate.GetOperator(), target != nullptr));
+    step.left = left;
+    step.right = right;
+    step.result = &operate.GetResult().Cell();
+    if (target != nullptr) step.target = &target->value.Cell();
+    const std::size_t next = target != nullptr ? index + 2 : index + 1;
+    EndSteps(next);
+    return next;
+}
+
+std::size_t PlanBuilder::BuildAssign(std::size_t index) {
+    const auto& assign = StatementAt<CMacroStatementAssign>(index);
+    const bool isWhole = assign.GetDestination().GetType() == ValueKind::VariableReference;
+    if (isWhole ? BuildAssignToVariable(assign) : BuildAssignToElement(assign)) {
+        EndSteps(index + 1);
+        return index + 1;
+    }
+    DropSteps();
+    return BuildAnyStatement(index);
+}
+
+bool PlanBuilder::BuildAssignToVariable(const CMacroStatementAssign& assign) {
+    const ValueView* const source = FindSlot(assign.GetSource());
+    if (source == nullptr) return false;
+    ValueView& target = assign.GetDestination().View().variable->value.Cell();
+    const ValueKind kind = assign.GetSource().GetType();
+    if (kind == ValueKind::ElementReference) {
+        // The load of the last subscript can assign the element itself.
+        plan_.steps_.back().run = plan::CopyElement;
+        plan_.steps_.back().target = &target;
+        return true;
+    }
+    Step& step = AddStep(kind == ValueKind::ResultReference ? plan::CopyResult : plan::CopyValue);
+    step.left = source;
+    step.target = &target;
+    return true;
+}
+
+bool PlanBuilder::BuildAssignToElement(const CMacroStatementAssign& assign) {
+    const ValueView& destination = assign.GetDestination().View();
+    if (destination.eType != ValueKind::ElementReference) return false;
+    const ElementReference& element = *destination.element;
+    const std::size_t depth = element.subscripts.size();
+    if (depth < 1 || depth > 2) return false;
+    const ValueView* const source = FindSlot(assign.GetSource());
+    if (source == nullptr) return false;
+    const ValueView* const first = FindSlot(element.subscripts.front());
+    const ValueView* const last =
+        depth == 1 || first == nullptr ? first : FindSlot(element.subscripts.back());
+    if (last == nullptr) return false;
+    Step& step = AddStep(depth == 1 ? plan::StoreElement : plan::StoreNestedElement);
+    step.target = &element.variable->value.Cell();
+    step.left = first;
+    step.right = source;
+    if (depth == 2) step.second = last;
+    return true;
+}
+
+std::size_t PlanBuilder::BuildCompare(std::size_t index, std::size_t end) {
+    auto& compare = StatementAt<CMacroStatementCompare>(index);
+    const CMacroStatementControl* control = nullptr;
+    if (index + 1 < end && KindAt(index + 1) == Kind::Control) {
+        control = &StatementAt<CMacroStatementControl>(index + 1);
+        if (!BranchesOn(*control, group_, compare)) control = nullptr;
+    }
+    if (!BuildComparison(compare, control != nullptr ? Branch::IfFalse : Branch::None)) {
+        DropSteps();
+        return BuildAnyStatement(index);
+    }
+    if (control != nullptr) plan_.origins_.back().jumpGroup = control->GetFalseTarget();
+    const std::size_t next = control != nullptr ? index + 2 : index + 1;
+    EndSteps(next);
+    return next;
+}
+
+/// @return whether a control statement of a group goes on in order when the comparison before it holds, and otherwise
+/// forward to its false target.
+bool PlanBuilder::BranchesOn(const CMacroStatementControl& control, std::size_t group,
+                             CMacroStatementCompare& compare) const {
+    return IsConditional(control.GetControl()) && IsResult(control.GetCondition(), compare.GetResult()) &&
+           control.GetJumpTarget() == CMacroStatementBase::kNextInOrder &&
+           control.GetFalseTarget() > static_cast<std::int32_t>(group);
+}
+
+bool PlanBuilder::BuildComparison(CMacroStatementCompare& compare, Branch branch) {
+    const ValueView* const left = FindSlot(compare.GetLeft());
+    const ValueView* const right = left == nullptr ? nullptr : FindSlot(compare.GetRight());
+    if (right == nullptr) return false;
+    Step& step = AddStep(plan::ChooseComparison(compare.GetOperator(), branch));
+    step.left = left;
+    step.right = right;
+    step.result = &compare.GetResult().Cell();
+    return true;
+}
+
+std::size_t PlanBuilder::BuildControl(std::size_t index) {
+    const auto& control = StatementAt<CMacroStatementControl>(index);
+    switch (control.GetControl()) {
+        case Control::Else:
+        case Control::EndIf:
+        case Control::LoopExit:
+            return index + 1;
+        case Control::EndLoop:
+        case Control::BranchEnd:
+            if (control.GetJumpTarget() < 0) break;
+            BuildJump(index, static_cast<std::size_t>(control.GetJumpTarget()));
+            return index + 1;
+        default:
+            break;
+    }
+    return BuildAnyStatement(index);
+}
+
+void PlanBuilder::BuildJump(std::size_t index, std::size_t group) {
+    const bool isBack = group <= group_;
+    if (isBack && BuildLoopEnd(index, group)) return;
+    AddStep(isBack ? plan::JumpBack : plan::Jump);
+    plan_.origins_.back().jumpGroup = static_cast<std::int32_t>(group);
+    plan_.origins_.back().jumpStatement = static_cast<std::uint32_t>(index);
+    BeginSteps(index);
+    EndSteps(index + 1);
+}
+
+/// @return whether a group is a loop's condition made of comparisons alone, followed by its control statement.
+bool PlanBuilder::IsPlainLoop(std::size_t group) const {
+    const std::size_t last = EndOfGroup(group) - 1;
+    for (std::size_t i = program_.groupStarts[group]; i < last; ++i) {
+        if (KindAt(i) != Kind::Compare) return false;
+    }
+    if (last == program_.groupStarts[group] || KindAt(last) != Kind::Control) return false;
+    const auto& loop = StatementAt<CMacroStatementControl>(last);
+    return loop.GetControl() == Control::Loop &&
+           BranchesOn(loop, group, StatementAt<CMacroStatementCompare>(last - 1));
+}
+
+/// Builds the condition of a loop once more at its end, where it decides about the next turn.
+bool PlanBuilder::BuildLoopEnd(std::size_t index, std::size_t loopGroup) {
+    if (!plan_.Covers(loopGroup) || loopGroup >= group_ || !IsPlainLoop(loopGroup)) return false;
+    const std::size_t start = plan_.steps_.size();
+    const std::size_t loop = EndOfGroup(loopGroup) - 1;
+    for (std::size_t i = program_.groupStarts[loopGroup]; i < loop; ++i) {
+        BeginSteps(i);
+        const bool isLast = i + 1 == loop;
+        if (!BuildComparison(StatementAt<CMacroStatementCompare>(i),
+                             isLast ? Branch::BackIfTrue : Branch::None)) {
+            sequenceStart_ = start;
+            DropSteps();
+            return false;
+        }
+        EndSteps(isLast ? loop + 1 : i + 1);
+    }
+    plan_.origins_.back().jumpGroup = static_cast<std::int32_t>(loopGroup + 1);
+    plan_.origins_.back().jumpStatement = static_cast<std::uint32_t>(index);
+    // When the statements run instead, they go on in order behind the loop's own ones.
+    for (std::size_t i = sequenceStart_; i < plan_.steps_.size(); ++i)
+        plan_.origins_[i].after = groupSteps_[loopGroup + 1 - plan_.firstGroup_];
+    return true;
+}
+
+}  // namespace macroengine

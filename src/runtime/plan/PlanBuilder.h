@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <vector>
+
+#include "runtime/CMacroStatementAssign.h"
+#include "runtime/CMacroStatementCompare.h"
+#include "runtime/CMacroStatementControl.h"
+#include "runtime/CMacroStatementOperate.h"
+#include "runtime/plan/CompareSteps.h"
+#include "runtime/plan/ExecutionPlan.h"
+
+namespace macroengine {
+
+/// Turns statements into the steps of a plan.
+class PlanBuilder {
+public:
+    explicit PlanBuilder(ExecutionPlan& plan);
+
+    void Build();
+
+private:
+    using Step = plan::Step;
+
+    // Statements. Each of these builds the steps of the statement at an index and of those behind it that
+    // share its steps, and returns the index of the next one.
+    std::size_t BuildStatement(std::size_t index, std::size_t end);
+    std::size_t BuildOperate(std::size_t index, std::size_t end);
+    std::size_t BuildCompare(std::size_t index, std::size_t end);
+    std::size_t BuildAssign(std::size_t index);
+    std::size_t BuildControl(std::size_t index);
+    std::size_t BuildAnyStatement(std::size_t index);
+
+    bool BuildAssignToVariable(const CMacroStatementAssign& assign);
+    bool BuildAssignToElement(const CMacroStatementAssign& assign);
+    bool BuildComparison(CMacroStatementCompare& compare, plan::Branch branch);
+    void BuildJump(std::size_t index, std::size_t group);
+    bool BuildLoopEnd(std::size_t index, std::size_t loopGroup);
+    void BuildCheck();
+
+    // Operands: each of these returns where a step finds the value, null for what only a statement can do.
+    const ValueView* FindSlot(const ValueView& operand);
+    const ValueView* FindSlot(const CMacroCommonValue& operand) { return FindSlot(operand.View()); }
+    const ValueView* BuildLoad(const ElementReference& element);
+
+    Step& AddStep(plan::Handler run);
+    void BeginSteps(std::size_t firstStatement);
+    void EndSteps(std::size_t endStatement);
+    void DropSteps();
+    void Connect();
+    std::uint32_t AddExit(std::int32_t group);
+
+    template <class Statement>
+    Statement& StatementAt(std::size_t index) const {
+        return static_cast<Statement&>(*program_.statements[index]);
+    }
+
+    CMacroStatementBase::Kind KindAt(std::size_t index) const {
+        return program_.statements[index]->GetKind();
+    }
+    std::size_t EndOfGroup(std::size_t group) const;
+    bool BranchesOn(const CMacroStatementControl& control, std::size_t group,
+                    CMacroStatementCompare& compare) const;
+    bool IsPlainLoop(std::size_t group) const;
+
+    static constexpr std::size_t kStepsPerCheck = 1000;
+
+    ExecutionPlan& plan_;
+    const ProgramText& program_;
+    std::size_t group_ = 0;                   ///< the one being built
+    std::size_t checkFrom_ = kStepsPerCheck;  ///< the number of steps from which on a check is due
+    std::size_t sequenceStart_ = 0;           ///< the first step of the statements being built
+    std::size_t sequenceStatement_ = 0;       ///< the first of those statements
+    std::vector<std::uint32_t> groupSteps_;   ///< for each group the index of its first step
+    std::map<std::int32_t, std::uint32_t> exits_;
+};
+
+}  // namespace macroengine

@@ -1,0 +1,75 @@
+#include "runtime/plan/StatementSteps.h"
+
+namespace macroengine::plan {
+
+namespace {
+
+Step* LeaveForGroup(std::size_t group, Frame& frame) {
+    const bool isInProgram = group < frame.groupStarts.size();
+    return Leave(frame, isInProgram ? frame.groupStarts[group] : frame.statements.size(), Progress::ToRun);
+}
+
+Step* EnterGroup(std::size_t group, Frame& frame) {
+    const bool isInPlan = group >= frame.firstGroup && group - frame.firstGroup < frame.entries.size();
+    if (!isInPlan) return LeaveForGroup(group, frame);
+    return Continue(frame.entries[group - frame.firstGroup], frame);
+}
+
+}  // namespace
+
+Step* RunStatements(Step* step, Frame& frame) {
+    const StepOrigin& origin = frame.OriginOf(step);
+    for (std::size_t i = origin.firstStatement; i < origin.endStatement; ++i) {
+        frame.current = i;
+        CMacroStatementBase& statement = *frame.statements[i];
+        if (!statement.vfRun()) return Leave(frame, i, Progress::HasFailed);
+        if (!frame.IsRunning()) return Leave(frame, i, Progress::HasRun);
+        const std::int32_t next = statement.GetNextIndex();
+        if (next != CMacroStatementBase::kNextInOrder) {
+            return EnterGroup(static_cast<std::uint32_t>(next), frame);
+        }
+    }
+    return Continue(frame.steps + origin.after, frame);
+}
+
+Step* CopyValue(Step* step, Frame& frame) {
+    const ValueView& source = *step->left;
+    ValueView& target = *step->target;
+    if ((Kind(source) | Kind(target)) == 0) {
+        target.integer = source.integer;
+        return Continue(step + 1, frame);
+    }
+    if (!IsConcrete(source.eType)) return RunStatements(step, frame);
+    AssignCell(target, source);
+    return Continue(step + 1, frame);
+}
+
+Step* CopyResult(Step* step, Frame& frame) {
+    // An array is not copied but taken over.
+    if (step->left->eType == ValueKind::Array) return RunStatements(step, frame);
+    return CopyValue(step, frame);
+}
+
+Step* Jump(Step* step, Frame& frame) {
+    return Continue(step->jump, frame);
+}
+
+Step* JumpBack(Step* step, Frame& frame) {
+    if (!frame.IsRunning()) return LeaveAtJump(step, frame);
+    return Continue(step->jump, frame);
+}
+
+Step* CheckState(Step* step, Frame& frame) {
+    if (!frame.IsRunning()) return LeaveAtJump(step, frame);
+    return Continue(step + 1, frame);
+}
+
+Step* LeaveAtJump(Step* step, Frame& frame) {
+    return Leave(frame, frame.OriginOf(step).jumpStatement, Progress::ToRun);
+}
+
+Step* LeavePlan(Step* step, Frame& frame) {
+    return LeaveForGroup(static_cast<std::uint32_t>(frame.OriginOf(step).jumpGroup), frame);
+}
+
+}  // namespace macroengine::plan
