@@ -17,13 +17,6 @@ bool CMacroStatementAssign::vfRun() {
         return StoreElement(element.variable->value, element.subscripts, value) ||
                Fail("failed to update array variable");
     }
-    if (value.eType == ValueKind::Array && source_.GetType() == ValueKind::ResultReference) {
-        // Only a command gives an array as a result, and gives a new one before anybody reads it again. Taken
-        // over whole, it need not be copied when it is written to.
-        destination.variable->value = std::move(*source_.View().result);
-        source_.View().result->Clear();
-        return true;
-    }
     destination.variable->value.Assign(value);
     return true;
 }
