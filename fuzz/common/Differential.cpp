@@ -1,5 +1,8 @@
 #include "common/Differential.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "categories/CMacroCategoryCmdList.h"
 #include "common/HostCommands.h"
 #include "common/MacroGenerator.h"
@@ -14,12 +17,37 @@ namespace macroengine::fuzz {
 
 namespace {
 
+/// What a host does: it loads each file in turn and runs the program so many times before it loads the next.
+struct Session {
+    std::vector<std::string> texts;
+    std::vector<std::string> paths;
+    int runs = 1;
+    bool stopOnError = true;
+};
+
 /// A program and all that it needs.
 struct Engine {
     CMacroCategoryCmdList list{""};
     CMacroPrg program;
     HostCommands commands{list, program};
 };
+
+Session GenerateSession(const std::uint8_t* data, std::size_t size) {
+    constexpr std::size_t kChoices = 3;
+    ByteSource choices(data, std::min(size, kChoices));
+    data += std::min(size, kChoices);
+    size -= std::min(size, kChoices);
+    Session session;
+    session.stopOnError = choices.Rarely(4);
+    session.runs = choices.Rarely(6) ? 2 : 1;
+    const std::size_t files = choices.Rarely(6) ? 2 : 1;
+    for (std::size_t file = 0; file < files; ++file) {
+        const std::size_t begin = size * file / files;
+        ByteSource source(data + begin, size * (file + 1) / files - begin);
+        session.texts.push_back(MacroGenerator(source).Generate());
+    }
+    return session;
+}
 
 void AddRun(std::string& text, bool succeeded) {
     text += succeeded ? "run succeeded\n" : "run failed\n";
@@ -34,13 +62,23 @@ void AddVariable(std::string& text, const std::string& name, const std::string& 
     text += name + " = " + value + "\n";
 }
 
-std::string RunInEngine(Engine& engine, bool stopOnError, int runs) {
+void AddErrors(std::string& text, const CErrorMessageTable& errors) {
+    for (std::uint32_t i = 0; i < errors.GetCount(); ++i)
+        text.append(errors.GetMessage(i)).append("\n");
+}
+
+std::string RunInEngine(const Session& session) {
+    Engine engine;
+    engine.program.SetErrorHandling(session.stopOnError, nullptr, 0);
     std::string seen;
-    engine.program.SetErrorHandling(stopOnError, nullptr, 0);
-    for (; runs > 0; --runs)
-        AddRun(seen, engine.program.Run());
-    for (std::uint32_t i = 0; i < engine.program.GetErrors().GetCount(); ++i)
-        seen.append(engine.program.GetErrors().GetMessage(i)).append("\n");
+    CErrorMessageTable errors;
+    for (const std::string& path : session.paths) {
+        MacroCompiler(engine.program, engine.list, errors).CompileFile(path, nullptr);
+        AddErrors(seen, errors);
+        for (int run = 0; run < session.runs; ++run)
+            AddRun(seen, engine.program.Run());
+    }
+    AddErrors(seen, engine.program.GetErrors());
     AddLines(seen, engine.commands.GetShown());
     for (const std::string& name : MacroGenerator::Names()) {
         const Variable* const variable = engine.program.GetVariables().Find(name);
@@ -49,10 +87,14 @@ std::string RunInEngine(Engine& engine, bool stopOnError, int runs) {
     return seen;
 }
 
-std::string RunInReference(reference::Evaluator& evaluator, int runs) {
+std::string RunInReference(const Session& session) {
+    reference::Evaluator evaluator(session.stopOnError);
     std::string seen;
-    for (; runs > 0; --runs)
-        AddRun(seen, evaluator.Run());
+    for (std::size_t i = 0; i < session.texts.size(); ++i) {
+        evaluator.Load(reference::Parse(session.texts[i]), session.paths[i]);
+        for (int run = 0; run < session.runs; ++run)
+            AddRun(seen, evaluator.Run());
+    }
     AddLines(seen, evaluator.GetErrors());
     AddLines(seen, evaluator.GetShown());
     for (const std::string& name : MacroGenerator::Names()) {
@@ -74,40 +116,29 @@ std::string Comparison::Explain() const {
            engine.substr(line) + "--- then the reference\n" + reference.substr(line);
 }
 
-Comparison CompareWithReference(const std::string& program, bool stopOnError, int runs) {
+Comparison CompareWithReference(const std::uint8_t* data, std::size_t size) {
     static const test::TemporaryFolder folder;
-    const std::string path = folder.Write("main.mac", program);
-
+    Session session = GenerateSession(data, size);
     Comparison comparison;
-    comparison.program = program;
-    // The reference goes first: what costs it too much is kept away from the engine, which has no limit.
+    for (const std::string& text : session.texts) {
+        const std::string name = std::to_string(session.paths.size()) + ".mac";
+        session.paths.push_back(folder.Write(name, text));
+        comparison.program += "// " + name +
+                              (session.stopOnError ? ", stops on errors" : ", goes on after errors") +
+                              (session.runs > 1 ? ", runs twice\n" : "\n") + text;
+    }
+    // The reference goes first: what costs it too much is kept away from the engine.
     try {
-        reference::Evaluator evaluator(reference::Parse(program), path, stopOnError);
-        comparison.reference = RunInReference(evaluator, runs);
+        comparison.reference = RunInReference(session);
     } catch (const reference::TooExpensive&) {
         comparison.outcome = Comparison::Outcome::TooExpensive;
         return comparison;
     } catch (const reference::NotUnderstood& failure) {
-        comparison.reference = failure.what();
+        comparison.reference = std::string("not understood: ") + failure.what() + "\n";
     }
-
-    Engine engine;
-    CErrorMessageTable errors;
-    if (MacroCompiler(engine.program, engine.list, errors).CompileFile(path, nullptr)) {
-        comparison.engine = RunInEngine(engine, stopOnError, runs);
-    } else {
-        for (std::uint32_t i = 0; i < errors.GetCount(); ++i)
-            comparison.engine.append(errors.GetMessage(i)).append("\n");
-    }
+    comparison.engine = RunInEngine(session);
     if (comparison.engine != comparison.reference) comparison.outcome = Comparison::Outcome::Different;
     return comparison;
-}
-
-Comparison CompareWithReference(const std::uint8_t* data, std::size_t size) {
-    ByteSource source(data, size);
-    const bool stopOnError = source.Rarely(4);
-    const int runs = source.Rarely(6) ? 2 : 1;
-    return CompareWithReference(MacroGenerator(source).Generate(), stopOnError, runs);
 }
 
 }  // namespace macroengine::fuzz

@@ -40,7 +40,7 @@ const std::vector<std::string>& MacroGenerator::Names() {
 }
 
 std::string MacroGenerator::Generate() {
-    text_.clear();
+    isTidy_ = source_.Rarely(2);
     Setup();
     while (!source_.IsEmpty())
         Statement();
@@ -69,7 +69,7 @@ void MacroGenerator::Setup() {
                                  "p[1] = 2.5", "p[2] = \"x\"", "p[3][1] = 4", "q[4] = 2",        "r = q",
                                  "r[1] = p",   "i = 0",        "j = 1",       "y = fuzz.truth()"};
     for (const char* line : lines) {
-        if (!source_.Rarely(16)) Line(line);
+        if (!Strays(16)) Line(line);
     }
 }
 
@@ -270,9 +270,14 @@ std::string MacroGenerator::Counter() {
     return loopDepth_ == 0 ? source_.Pick(kIndexes) : kCounters[source_.Below(loopDepth_)];
 }
 
+/// Decides once in a while for what makes no sense, and in a tidy program never.
+bool MacroGenerator::Strays(unsigned count) {
+    return source_.Rarely(count) && !isTidy_;
+}
+
 /// A variable to be written or read, once in a while of another kind.
 std::string MacroGenerator::Name(Kind kind) {
-    if (source_.Rarely(20)) kind = AnyKind();
+    if (Strays(20)) kind = AnyKind();
     switch (kind) {
         case Kind::Integer:
             return source_.Pick(kIntegers);
@@ -288,7 +293,7 @@ std::string MacroGenerator::Name(Kind kind) {
 }
 
 std::string MacroGenerator::Subscript() {
-    switch (source_.Below(16)) {
+    switch (source_.Below(isTidy_ ? 11 : 16)) {
         case 0:
         case 1:
         case 2:
@@ -318,10 +323,10 @@ std::string MacroGenerator::Subscript() {
 }
 
 std::string MacroGenerator::Element() {
-    std::string element = source_.Rarely(12) ? Name(AnyKind()) : Name(Kind::Array);
+    std::string element = Strays(12) ? Name(AnyKind()) : Name(Kind::Array);
     do
         element += "[" + Subscript() + "]";
-    while (source_.Rarely(3));
+    while (source_.Rarely(5));
     return element;
 }
 
@@ -344,8 +349,8 @@ std::string MacroGenerator::Literal(Kind kind) {
 }
 
 std::string MacroGenerator::Operand(Kind kind) {
-    if (source_.Rarely(24)) kind = AnyKind();
-    if (source_.Rarely(100)) return kUndefined;
+    if (Strays(24)) kind = AnyKind();
+    if (Strays(100)) return kUndefined;
     const bool hasLiteral = kind != Kind::Array && kind != Kind::Boolean;
     switch (source_.Below(8)) {
         case 0:
@@ -370,7 +375,7 @@ std::string MacroGenerator::Expression(Kind kind, unsigned depth) {
         const std::string operation = kind == Kind::Text && !source_.Rarely(12) ? "+"
                                       : kind == Kind::Integer                   ? source_.Pick(all)
                                                                                 : source_.Pick(calculations);
-        std::string right = Operand(source_.Rarely(8) ? AnyKind() : kind);
+        std::string right = Operand(Strays(8) ? AnyKind() : kind);
         if (depth < 3 && source_.Rarely(4)) right = "(" + Expression(kind, depth + 1) + ")";
         // A minus before a digit, with and without a blank between them.
         if (operation == "-" && right[0] >= '0' && right[0] <= '9' && right.find('x') == std::string::npos) {
@@ -386,7 +391,7 @@ std::string MacroGenerator::Expression(Kind kind, unsigned depth) {
 std::string MacroGenerator::Comparison() {
     const char* const operators[] = {"==", "!=", "<", "<=", ">", ">="};
     const Kind kind = AnyKind();
-    const Kind other = source_.Rarely(6) ? AnyKind() : kind;
+    const Kind other = Strays(6) ? AnyKind() : kind;
     const std::string left = Operand(kind);
     const std::string operation = source_.Pick(operators);
     return Spaced(left, operation.c_str(), Operand(other));

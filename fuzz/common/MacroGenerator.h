@@ -50,10 +50,12 @@ private:
     std::string Comparison();
     std::string Counter();
     Kind AnyKind();
+    bool Strays(unsigned count);
 
     ByteSource& source_;
     std::string text_;
-    unsigned depth_ = 0;  ///< of blocks
+    bool isTidy_ = false;  ///< keeps to the kinds of the variables
+    unsigned depth_ = 0;   ///< of blocks
     unsigned loopDepth_ = 0;
 };
 

@@ -16,8 +16,13 @@ constexpr std::uint32_t kIndexLimit = 134217728;
 
 }  // namespace
 
-Evaluator::Evaluator(Block program, std::string path, bool stopOnError)
-    : program_(std::move(program)), path_(std::move(path)), stopOnError_(stopOnError), credit_(kCredit) {}
+Evaluator::Evaluator(bool stopOnError) : stopOnError_(stopOnError), credit_(kCredit) {}
+
+void Evaluator::Load(Block statements, std::string path) {
+    if (statements.empty()) return;
+    program_.push_back({std::move(statements), std::move(path)});
+    aborted_ = false;
+}
 
 void Evaluator::Charge(std::size_t cost) const {
     if (cost > credit_) throw TooExpensive("the program takes too long or too much");
@@ -56,7 +61,10 @@ bool Evaluator::Run() {
     }
     failed_ = false;
     try {
-        RunBlock(program_);
+        for (File& file : program_) {
+            path_ = file.path;
+            RunBlock(file.statements);
+        }
     } catch (const RunEnded&) {
         return false;
     }

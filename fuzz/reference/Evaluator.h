@@ -19,9 +19,13 @@ public:
 /// the plainest way: values are copied, nothing is shared, nothing is remembered but what the language says.
 class Evaluator {
 public:
-    /// @param path  of the file, for the error lines.
-    Evaluator(Block program, std::string path, bool stopOnError);
+    explicit Evaluator(bool stopOnError);
 
+    /// Adds the statements of a file at the end of the program. An aborted program may then run again.
+    /// @param path  of the file, for the error lines.
+    void Load(Block statements, std::string path);
+
+    /// Runs the program from its first statement.
     /// @return false when a statement failed or the program was aborted; GetErrors tells why.
     /// @throws TooExpensive
     bool Run();
@@ -51,8 +55,13 @@ private:
     void Report(const std::string& text);
     void Charge(std::size_t cost) const;
 
-    Block program_;
-    std::string path_;
+    struct File {
+        Block statements;
+        std::string path;
+    };
+
+    std::vector<File> program_;
+    std::string path_;  ///< of the file whose statements are running
     bool stopOnError_;
     bool failed_ = false;
     bool aborted_ = false;
