@@ -216,14 +216,13 @@ bool PlanBuilder::BuildAssignToVariable(const CMacroStatementAssign& assign) {
     const ValueView* const source = FindSlot(assign.GetSource());
     if (source == nullptr) return false;
     ValueView& target = assign.GetDestination().View().variable->value.Cell();
-    const ValueKind kind = assign.GetSource().GetType();
-    if (kind == ValueKind::ElementReference) {
+    if (assign.GetSource().GetType() == ValueKind::ElementReference) {
         // The load of the last subscript can assign the element itself.
         plan_.steps_.back().run = plan::CopyElement;
         plan_.steps_.back().target = &target;
         return true;
     }
-    Step& step = AddStep(kind == ValueKind::ResultReference ? plan::CopyResult : plan::CopyValue);
+    Step& step = AddStep(plan::CopyValue);
     step.left = source;
     step.target = &target;
     return true;

@@ -44,12 +44,6 @@ Step* CopyValue(Step* step, Frame& frame) {
     return Continue(step + 1, frame);
 }
 
-Step* CopyResult(Step* step, Frame& frame) {
-    // An array is not copied but taken over.
-    if (step->left->eType == ValueKind::Array) return RunStatements(step, frame);
-    return CopyValue(step, frame);
-}
-
 Step* Jump(Step* step, Frame& frame) {
     return Continue(step->jump, frame);
 }

@@ -10,9 +10,6 @@ Step* RunStatements(Step* step, Frame& frame);
 /// `variable = operand`.
 Step* CopyValue(Step* step, Frame& frame);
 
-/// `variable = result of a command`.
-Step* CopyResult(Step* step, Frame& frame);
-
 /// Goes on elsewhere in the plan.
 Step* Jump(Step* step, Frame& frame);
 
