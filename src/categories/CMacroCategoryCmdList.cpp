@@ -142,7 +142,10 @@ bool CMacroCategoryCmdList::Execute(CommandEntry& entry, SourceUnit& unit, std::
     } catch (...) {
         property.AddErrorMessage((entry.GetName() + "() threw an exception.").c_str());
     }
-    if (!succeeded) unit.errors.TakeErrors(property.GetErrors());
-    result = property.TakeResult();
+    if (succeeded) {
+        result = property.TakeResult();
+    } else {
+        unit.errors.TakeErrors(property.GetErrors());
+    }
     return succeeded;
 }

@@ -34,10 +34,10 @@ struct CommandEntry {
     std::string GetName() const { return category + "." + property; }
 };
 
-/// The operands of a call, resolved.
+/// The operands of a call, resolved. Views suffice: no variable changes while a command runs.
 struct CallOperands {
-    const std::vector<CMacroCommonValue>& arguments;
-    const CMacroCommonValue* assigned;  ///< null when nothing is assigned to the call
+    const std::vector<ValueView>& arguments;
+    const ValueView* assigned;  ///< null when nothing is assigned to the call
 };
 
 }  // namespace macroengine

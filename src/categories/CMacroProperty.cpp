@@ -53,8 +53,13 @@ CMacroProperty::~CMacroProperty() = default;
 
 // Messages
 
+CErrorMessageTable& CMacroProperty::GetErrors() {
+    if (errors_ == nullptr) errors_ = std::make_unique<CErrorMessageTable>();
+    return *errors_;
+}
+
 bool CMacroProperty::Fail(std::string_view text) {
-    errors_.AddLocatedError(unit_.fileName.c_str(), static_cast<std::int32_t>(line_), text);
+    GetErrors().AddLocatedError(unit_.fileName.c_str(), static_cast<std::int32_t>(line_), text);
     return false;
 }
 
@@ -87,7 +92,7 @@ const char* CMacroProperty::KeepText(const ValueView& text) {
 // Arguments
 
 ValueView CMacroProperty::GetArgument(unsigned int index) const {
-    return index < operands_.arguments.size() ? operands_.arguments[index].View() : ValueView();
+    return index < operands_.arguments.size() ? operands_.arguments[index] : ValueView();
 }
 
 int CMacroProperty::CheckArgumentCount(unsigned int min, unsigned int max) {
@@ -173,7 +178,7 @@ const char* CMacroProperty::GetArgArrayString(unsigned int index, unsigned int e
 // The assigned value
 
 ValueView CMacroProperty::GetAssigned() const {
-    return operands_.assigned == nullptr ? ValueView() : operands_.assigned->View();
+    return operands_.assigned == nullptr ? ValueView() : *operands_.assigned;
 }
 
 bool CMacroProperty::CheckNoAssignedValue(bool silent) {
@@ -183,7 +188,7 @@ bool CMacroProperty::CheckNoAssignedValue(bool silent) {
 
 bool CMacroProperty::GetAssignedInteger(unsigned int min, unsigned int max, int& value) {
     if (operands_.assigned == nullptr) return FailAtName("assigned value is needed at ", "()");
-    const ValueView& assigned = operands_.assigned->View();
+    const ValueView& assigned = *operands_.assigned;
     if (assigned.eType != ValueKind::Integer) {
         return FailAtName("", "() assigned value error. (type isn't interger)");
     }
@@ -196,7 +201,7 @@ bool CMacroProperty::GetAssignedInteger(unsigned int min, unsigned int max, int&
 bool CMacroProperty::GetAssignedFloating(double min, double max, double& value) {
     if (operands_.assigned == nullptr) return FailAtName("assigned value is needed at ", "()");
     double number = 0.0;
-    if (!ToFloating(operands_.assigned->View(), number)) {
+    if (!ToFloating(*operands_.assigned, number)) {
         return FailAtName("", "() assigned value error. (type isn't floating)");
     }
     if (IsOutOfRange(number, min, max)) return FailAtName("", "() assigned value error. (out of range.)");
@@ -205,18 +210,18 @@ bool CMacroProperty::GetAssignedFloating(double min, double max, double& value) 
 }
 
 int CMacroProperty::GetAssignedArraySize() {
-    if (operands_.assigned != nullptr && operands_.assigned->GetType() == ValueKind::Array) {
-        return static_cast<int>(operands_.assigned->View().array->GetSize());
+    if (operands_.assigned != nullptr && operands_.assigned->eType == ValueKind::Array) {
+        return static_cast<int>(operands_.assigned->array->GetSize());
     }
     FailAtName("", "() assigned value error. (assigned variable is not array)");
     return -1;
 }
 
 bool CMacroProperty::FindAssignedElement(unsigned int element, ValueView& value) {
-    if (operands_.assigned == nullptr || operands_.assigned->GetType() != ValueKind::Array) {
+    if (operands_.assigned == nullptr || operands_.assigned->eType != ValueKind::Array) {
         return FailAtName("", "() assigned value error. (assigned value is not array)");
     }
-    const SharedArray& array = *operands_.assigned->View().array;
+    const SharedArray& array = *operands_.assigned->array;
     if (element >= array.GetSize()) {
         return FailAtName("",
                           "() assigned value error. (assigned value is array, but elements is not exist)");

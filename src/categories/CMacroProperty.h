@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <forward_list>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -67,7 +68,7 @@ public:
     /// @return a text that stays valid as long as this object.
     const char* Keep(std::string text);
 
-    CErrorMessageTable& GetErrors() { return errors_; }
+    CErrorMessageTable& GetErrors();
 
     /// @return the result, which the object gives up.
     CMacroCommonValue TakeResult();
@@ -88,7 +89,7 @@ private:
     std::uint32_t line_;
     const CallOperands& operands_;
     CMacroCommonValue result_;
-    CErrorMessageTable errors_;
+    std::unique_ptr<CErrorMessageTable> errors_;  ///< made for the first message: most calls have none
     const char* macroFolder_ = nullptr;
     std::forward_list<std::string> kept_;
 };

@@ -11,13 +11,22 @@ namespace macroengine {
 
 namespace {
 
-constexpr unsigned int kNoDigit = 99;
+constexpr std::uint8_t kNoDigit = 99;
 
-constexpr unsigned int DigitValue(char c) {
-    if (IsDigit(c)) return static_cast<unsigned int>(c - '0');
-    if (!IsHexadecimalDigit(c)) return kNoDigit;
-    return static_cast<unsigned int>((c | 0x20) - 'a') + 10;
-}
+struct DigitValues {
+    std::uint8_t of[256] = {};
+
+    constexpr DigitValues() {
+        for (std::uint8_t& value : of)
+            value = kNoDigit;
+        for (std::uint8_t i = 0; i < 16; ++i) {
+            of[static_cast<unsigned char>("0123456789ABCDEF"[i])] = i;
+            of[static_cast<unsigned char>("0123456789abcdef"[i])] = i;
+        }
+    }
+};
+
+constexpr DigitValues kDigitValues;
 
 constexpr bool IsSign(char c) {
     return c == '+' || c == '-';
@@ -34,12 +43,15 @@ Magnitude ReadMagnitude(std::string_view text, unsigned int base) {
     Magnitude magnitude;
     const std::size_t first = !text.empty() && IsSign(text.front()) ? 1 : 0;
     std::size_t position = first;
+    std::uint64_t value = 0;
     for (; position < text.size(); ++position) {
-        const unsigned int digit = DigitValue(text[position]);
+        const unsigned int digit = kDigitValues.of[static_cast<unsigned char>(text[position])];
         if (digit >= base) break;
-        magnitude.value = std::min(magnitude.value * base + digit, kTooLarge);
+        value = value * base + digit;
+        if (value > kTooLarge) value = kTooLarge;
     }
     if (position == first) return magnitude;
+    magnitude.value = value;
     magnitude.length = position;
     magnitude.isNegative = text.front() == '-';
     return magnitude;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "categories/CommandFailure.h"
 #include "categories/NumberText.h"
@@ -18,7 +19,7 @@ constexpr const char* kStoppedHexadecimal = "Error: Can't be converted to adecim
 constexpr const char* kNoDecimal = "Error: Can't be converted to decimal a string.";
 constexpr const char* kNoFloating = "Error: Can't be converted to float a string.";
 
-bool ReadTarget(CMacroPropertyIF* property, std::string& text) {
+bool ReadTarget(CMacroPropertyIF* property, std::string_view& text) {
     if (property->CheckArgumentCount(1, 1) < 0) return false;
     const char* const target = property->GetArgString(0);
     if (target == nullptr || *target == '\0') return Fail(property, "Error: target string is null.");
@@ -27,25 +28,36 @@ bool ReadTarget(CMacroPropertyIF* property, std::string& text) {
     return true;
 }
 
-std::size_t SignLength(const std::string& text) {
+std::size_t SignLength(std::string_view text) {
     return !text.empty() && (text.front() == '+' || text.front() == '-') ? 1 : 0;
 }
 
-/// Cuts the text, behind its sign, where the first character does not match.
+/// @return the text up to where, behind its sign, the first character does not match.
 template <class Matches>
-void KeepWhile(std::string& text, Matches matches) {
+std::string_view KeepWhile(std::string_view text, Matches matches) {
     std::size_t end = SignLength(text);
     while (end < text.size() && matches(text[end]))
         ++end;
-    text.resize(end);
+    return text.substr(0, end);
+}
+
+/// Takes "0x" away from a number that has it behind its sign.
+/// @param storage  holds the text when its parts have to be joined.
+std::string_view RemovePrefix(std::string_view text, std::string& storage) {
+    const std::size_t start = SignLength(text);
+    const std::string_view number = text.substr(start);
+    if (number.size() < 2 || number[0] != '0' || (number[1] != 'x' && number[1] != 'X')) return text;
+    if (start == 0) return number.substr(2);
+    storage.assign(text.substr(0, start)).append(number.substr(2));
+    return storage;
 }
 
 /// The range comes first: it does not matter whether there was a number at all.
 template <class Number>
-bool Check(CMacroPropertyIF* property, const std::string& text, const ConvertedNumber<Number>& number,
+bool Check(CMacroPropertyIF* property, std::string_view text, const ConvertedNumber<Number>& number,
            RangeIndicator& indicator, const char* stopped) {
     if (number.isOutOfRange) indicator.isSet = true;
-    if (indicator.isSet) return Fail(property, "Error: " + text + " is out of range");
+    if (indicator.isSet) return Fail(property, "Error: " + std::string(text) + " is out of range");
     if (number.value == 0 && number.length < text.size()) return Fail(property, stopped);
     return true;
 }
@@ -57,11 +69,10 @@ CMacroCategoryCmdString_Hex2Dec::CMacroCategoryCmdString_Hex2Dec(const char* cat
     : CMacroCategoryBase(category, property, true, false, ""), indicator_(indicator) {}
 
 bool CMacroCategoryCmdString_Hex2Dec::Run(CMacroPropertyIF* property) {
-    std::string text;
+    std::string storage;
+    std::string_view text;
     if (!ReadTarget(property, text)) return false;
-    const std::size_t start = SignLength(text);
-    if (text.compare(start, 2, "0x") == 0 || text.compare(start, 2, "0X") == 0) text.erase(start, 2);
-    KeepWhile(text, IsHexadecimalDigit);
+    text = KeepWhile(RemovePrefix(text, storage), IsHexadecimalDigit);
     if (text.empty()) return Fail(property, kNoHexadecimal);
     const auto number = ToUnsigned(text, 16);
     return Check(property, text, number, indicator_, kStoppedHexadecimal) &&
@@ -73,9 +84,9 @@ CMacroCategoryCmdString_Str2Dec::CMacroCategoryCmdString_Str2Dec(const char* cat
     : CMacroCategoryBase(category, property, true, false, ""), indicator_(indicator) {}
 
 bool CMacroCategoryCmdString_Str2Dec::Run(CMacroPropertyIF* property) {
-    std::string text;
+    std::string_view text;
     if (!ReadTarget(property, text)) return false;
-    KeepWhile(text, IsDigit);
+    text = KeepWhile(text, IsDigit);
     if (text.empty()) return Fail(property, kNoDecimal);
     const auto number = ToUnsigned(text, 10);
     return Check(property, text, number, indicator_, kNoDecimal) &&
@@ -88,9 +99,9 @@ CMacroCategoryCmdString_Str2Float::CMacroCategoryCmdString_Str2Float(const char*
     : CMacroCategoryBase(category, property, true, false, ""), indicator_(indicator) {}
 
 bool CMacroCategoryCmdString_Str2Float::Run(CMacroPropertyIF* property) {
-    std::string text;
+    std::string_view text;
     if (!ReadTarget(property, text)) return false;
-    KeepWhile(text, [hasPoint = false](char c) mutable {
+    text = KeepWhile(text, [hasPoint = false](char c) mutable {
         if (c != '.' || hasPoint) return IsDigit(c);
         hasPoint = true;
         return true;

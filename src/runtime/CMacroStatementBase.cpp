@@ -22,7 +22,7 @@ bool CMacroStatementBase::Fail(std::string_view text) {
     return false;
 }
 
-bool CMacroStatementBase::Resolve(const CMacroCommonValue& operand, ValueView& value) {
+bool CMacroStatementBase::ResolveReference(const CMacroCommonValue& operand, ValueView& value) {
     std::string error;
     return ResolveOperand(operand, value, error) || Fail(error);
 }

@@ -6,6 +6,7 @@
 
 #include "runtime/CMacroCommonValue.h"
 #include "runtime/SourceUnit.h"
+#include "runtime/VariableTable.h"
 
 namespace macroengine {
 
@@ -58,12 +59,18 @@ protected:
     bool Fail(std::string_view text);
 
     /// Resolves an operand; reports the reason when that fails.
-    bool Resolve(const CMacroCommonValue& operand, ValueView& value);
+    bool Resolve(const CMacroCommonValue& operand, ValueView& value) {
+        value = operand.View();
+        if (value.eType == ValueKind::VariableReference) value = value.variable->value.View();
+        return IsConcrete(value.eType) || ResolveReference(operand, value);
+    }
 
     SourceUnit& MutableUnit() { return *unit_; }
     void SetNextIndex(std::int32_t index) { nextIndex_ = index; }
 
 private:
+    bool ResolveReference(const CMacroCommonValue& operand, ValueView& value);
+
     SourceUnit* unit_;
     std::uint32_t line_;
     std::int32_t nextIndex_ = kNextInOrder;

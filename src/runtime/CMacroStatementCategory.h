@@ -29,14 +29,13 @@ public:
 
 private:
     bool ResolveArguments();
-    bool ResolveAssigned(CMacroCommonValue& value);
 
     CMacroCategoryCmdList& list_;
     CommandEntry& entry_;
     std::vector<CMacroCommonValue> operands_;
 
     /// What the operands stand for, while the command runs; kept so that a call need not allocate.
-    std::vector<CMacroCommonValue> arguments_;
+    std::vector<ValueView> arguments_;
     CMacroCommonValue assigned_;
     CMacroCommonValue result_;
 };

@@ -60,6 +60,13 @@ inline CMacroCommonValue ArrayOf(const std::vector<CMacroCommonValue>& elements)
     return array;
 }
 
+inline std::vector<ValueView> ViewsOf(const std::vector<CMacroCommonValue>& values) {
+    std::vector<ValueView> views;
+    for (const CMacroCommonValue& value : values)
+        views.push_back(value.View());
+    return views;
+}
+
 /// `a[0] = a`, `depth` times, from `a = 0` on.
 inline CMacroCommonValue NestedArray(int depth) {
     CMacroCommonValue value = Integer(0);

@@ -27,9 +27,10 @@ public:
 
 private:
     std::vector<CMacroCommonValue> arguments_;
+    std::vector<ValueView> views_ = test::ViewsOf(arguments_);
     CommandEntry entry_;
     SourceUnit unit_;
-    CallOperands operands_{arguments_, nullptr};
+    CallOperands operands_{views_, nullptr};
     CMacroProperty property_{entry_, unit_, 1, operands_};
 };
 

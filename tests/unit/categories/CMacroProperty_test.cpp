@@ -21,6 +21,7 @@ using test::Floating;
 using test::Integer;
 using test::ScopedCodePage;
 using test::Text;
+using test::ViewsOf;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
@@ -30,7 +31,8 @@ class Call {
 public:
     explicit Call(std::vector<CMacroCommonValue> arguments = {}, const CMacroCommonValue* assigned = nullptr,
                   const std::string& fileName = "a.mac", const std::string* workFolder = nullptr)
-        : arguments_(std::move(arguments)), operands_{arguments_, assigned} {
+        : arguments_(std::move(arguments)),
+          operands_{views_, assigned == nullptr ? nullptr : &assigned->View()} {
         entry_.category = "meter";
         entry_.property = "read";
         unit_.fileName = fileName;
@@ -51,6 +53,7 @@ public:
 
 private:
     std::vector<CMacroCommonValue> arguments_;
+    std::vector<ValueView> views_ = ViewsOf(arguments_);
     CommandEntry entry_;
     SourceUnit unit_;
     CallOperands operands_;

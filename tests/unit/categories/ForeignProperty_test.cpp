@@ -93,7 +93,8 @@ protected:
         CMacroCategoryCmdList list("");
         SourceUnit unit;
         unit.fileName = folder_.PathOf("a.mac");
-        const CallOperands operands{arguments, assigned};
+        const std::vector<ValueView> views = test::ViewsOf(arguments);
+        const CallOperands operands{views, assigned == nullptr ? nullptr : &assigned->View()};
         CMacroProperty own(*list.FindEntry(category, command), unit, 7, operands);
         ForeignProperty foreign(own);
         foreign.hasPaths = hasPaths;
