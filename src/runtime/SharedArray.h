@@ -10,10 +10,13 @@ namespace macroengine {
 
 /// The elements behind the array values of one program. Values share a block until one of them is written to.
 ///
-/// As long as all elements are integers they are packed. Which of the two forms a block has can't be told
-/// from outside.
+/// As long as all elements are integers, or all are floating values, they are packed. Which form a block has
+/// can't be told from a script or a command.
 class SharedArray {
 public:
+    /// How the elements are kept.
+    enum class Form : std::uint32_t { Integers, Floatings, Cells };
+
     /// An element store refuses this index and any above it.
     static constexpr std::uint32_t kIndexLimit = 134217728;
 
@@ -26,21 +29,33 @@ public:
     SharedArray(const SharedArray&) = delete;
     SharedArray& operator=(const SharedArray&) = delete;
 
-    void AddReference() { ++references_; }
+    void AddReference() { ++counts_.references; }
 
     /// Gives a reference back; the last one frees the block and what only it held.
     void Release() {
-        if (--references_ == 0) Destroy(this);
+        if (--counts_.references == 0) Destroy(this);
     }
 
-    bool IsShared() const { return references_ > 1; }
+    bool IsShared() const { return counts_.references > 1; }
 
     /// @return a block with one reference and the same elements; what they point to is shared.
     SharedArray* Clone() const;
 
-    std::uint32_t GetSize() const {
-        return static_cast<std::uint32_t>(isPacked_ ? integers_.size() : cells_.size());
-    }
+    std::uint32_t GetSize() const { return size_; }
+    Form GetForm() const { return form_; }
+
+    // The elements themselves, GetSize() of them, valid until the block changes. Only those of the block's
+    // own form may be asked for, and only a block that is not shared may be written through them.
+
+    std::int32_t* Integers() { return static_cast<std::int32_t*>(elements_); }
+    const std::int32_t* Integers() const { return static_cast<const std::int32_t*>(elements_); }
+    double* Floatings() { return static_cast<double*>(elements_); }
+    const double* Floatings() const { return static_cast<const double*>(elements_); }
+
+    /// What an element points to is the block's own: an element that holds a reference is not to be written
+    /// over (see HoldsReference).
+    ValueView* Cells() { return static_cast<ValueView*>(elements_); }
+    const ValueView* Cells() const { return static_cast<const ValueView*>(elements_); }
 
     /// Whether the elements are packed integers, which Integers() gives; otherwise Cells() gives them.
     bool IsPacked() const { return isPacked_; }
@@ -49,35 +64,73 @@ public:
 
     /// @return the element; requires index < GetSize().
     ValueView At(std::uint32_t index) const {
-        return isPacked_ ? ValueView::Integer(integers_[index]) : cells_[index];
+        switch (form_) {
+            case Form::Integers:
+                return ValueView::Integer(Integers()[index]);
+            case Form::Floatings:
+                return ValueView::Floating(Floatings()[index]);
+            default:
+                return Cells()[index];
+        }
     }
 
     /// Stores a value at an index, after as many integers 0 as are missing before it.
     ///
     /// Takes a reference of its own to what the value points to. On an exception of the allocator or the
     /// container the block is unchanged.
-    void Set(std::uint32_t index, const ValueView& value);
+    void Set(std::uint32_t index, const ValueView& value) {
+        if (index >= size_ || !Overwrite(index, value)) SetInGeneral(index, value);
+    }
 
-    void Append(const ValueView& value) { Set(GetSize(), value); }
+    void Append(const ValueView& value) { Set(size_, value); }
 
+    /// Makes room for as many elements in all.
     void Reserve(std::size_t count);
 
     /// @return the array at an index, made this block's own if it was shared; requires an array there.
     SharedArray& MutableArrayAt(std::uint32_t index);
 
 private:
-    SharedArray() = default;
-    ~SharedArray() = default;
-
     struct Discard;
-    static void Destroy(SharedArray* array);
-    void Unpack(std::size_t count);
 
-    std::uint32_t references_ = 1;
-    bool isPacked_ = true;
-    std::vector<std::int32_t> integers_;
-    std::vector<ValueView> cells_;
-    SharedArray* nextDead_ = nullptr;  ///< the chain of blocks that wait to be freed
+    SharedArray() : counts_{1, 0} {}
+    ~SharedArray();
+
+    static void Destroy(SharedArray* array);
+
+    /// Stores over an element when neither the form nor a reference is in the way.
+    bool Overwrite(std::uint32_t index, const ValueView& value) {
+        if (form_ == Form::Integers) {
+            if (value.eType != ValueKind::Integer) return false;
+            Integers()[index] = value.integer;
+        } else if (form_ == Form::Floatings) {
+            if (value.eType != ValueKind::Floating) return false;
+            Floatings()[index] = value.floating;
+        } else {
+            if (HoldsReference(value.eType) || HoldsReference(Cells()[index].eType)) return false;
+            Cells()[index] = value;
+        }
+        return true;
+    }
+
+    Form FormWith(std::uint32_t index, ValueKind kind) const;
+    void SetInGeneral(std::uint32_t index, const ValueView& value);
+    void Rebuild(Form form, std::size_t capacity);
+    void FillTo(std::size_t size);
+
+    struct Counts {
+        std::uint32_t references;
+        std::uint32_t capacity;
+    };
+
+    // Rows of a table are blocks of a few elements each: three words are all that they need beside those.
+    union {
+        Counts counts_;
+        SharedArray* nextDead_;  ///< of a dead block: the chain of those that wait to be freed
+    };
+    std::uint32_t size_ = 0;
+    Form form_ = Form::Integers;
+    void* elements_ = nullptr;
 };
 
 }  // namespace macroengine

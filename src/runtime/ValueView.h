@@ -31,6 +31,11 @@ constexpr bool IsConcrete(ValueKind kind) {
     return kind <= ValueKind::Boolean || kind == ValueKind::Array;
 }
 
+/// @return whether the payload of a value of the kind is a block that the value has a share in.
+constexpr bool HoldsReference(ValueKind kind) {
+    return kind == ValueKind::String || kind == ValueKind::Array || kind == ValueKind::ElementReference;
+}
+
 /// The kind and the payload of a value, without a share in what the payload points to. Cheap to copy; valid
 /// as long as the value that it was taken from stays unchanged.
 struct ValueView {

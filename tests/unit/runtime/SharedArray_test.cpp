@@ -118,6 +118,72 @@ TEST(SharedArray, AnElementMayBeSetToItself) {
     EXPECT_EQ(Content(*array), "text \"only\", [integer 4], text \"only\"");
 }
 
+TEST(SharedArray, PacksElementsOfOneKindOfNumberAndKeepsAnyOtherAsCells) {
+    using Form = SharedArray::Form;
+    const struct {
+        std::vector<CMacroCommonValue> elements;
+        Form form;
+    } cases[] = {
+        {{}, Form::Integers},
+        {{Integer(1), Integer(2)}, Form::Integers},
+        {{Floating(1.5), Floating(-0.0)}, Form::Floatings},
+        {{Integer(1), Floating(2.0)}, Form::Cells},
+        {{Floating(1.0), Integer(2)}, Form::Cells},
+        {{Integer(1), Text("a")}, Form::Cells},
+        {{Boolean(true)}, Form::Cells},
+    };
+    for (const auto& c : cases) {
+        const Held appended = Make(c.elements);
+        const Held created(SharedArray::Create(c.elements));
+        EXPECT_EQ(appended->GetForm(), c.form) << Content(*appended);
+        EXPECT_EQ(created->GetForm(), c.form) << Content(*created);
+        EXPECT_EQ(Content(*created), Content(*appended));
+    }
+}
+
+TEST(SharedArray, FloatingElementsAreTheSameWhateverJoinsThem) {
+    const struct {
+        std::uint32_t index;
+        CMacroCommonValue value;
+        std::string expected;
+    } cases[] = {
+        {0, Floating(9.5), "floating 9.5, floating 2.25"},
+        {1, Integer(7), "floating 0.5, integer 7"},
+        {1, ArrayOf({Floating(1.5)}), "floating 0.5, [floating 1.5]"},
+        {2, Floating(1.0), "floating 0.5, floating 2.25, floating 1"},
+        {2, Integer(1), "floating 0.5, floating 2.25, integer 1"},
+        {4, Floating(1.0), "floating 0.5, floating 2.25, integer 0, integer 0, floating 1"},
+        {4, Integer(1), "floating 0.5, floating 2.25, integer 0, integer 0, integer 1"},
+        {3, Text("s"), "floating 0.5, floating 2.25, integer 0, text \"s\""},
+    };
+    for (const auto& c : cases) {
+        for (const std::size_t reserved : {0, 100}) {
+            const Held array = Make({Floating(0.5), Floating(2.25)});
+            array->Reserve(reserved);
+            const Held clone(array->Clone());
+            array->Set(c.index, c.value.View());
+            EXPECT_EQ(Content(*array), c.expected);
+            EXPECT_EQ(Content(*clone), "floating 0.5, floating 2.25");
+        }
+    }
+    const Held first = Make();
+    first->Set(2, Floating(1.5).View());
+    EXPECT_EQ(Content(*first), "integer 0, integer 0, floating 1.5");
+}
+
+TEST(SharedArray, GrowsByManyElementsOfEachForm) {
+    for (const CMacroCommonValue& value : {Integer(-7), Floating(0.5), Text("t")}) {
+        const Held array = Make();
+        for (int i = 0; i < 1000; ++i) {
+            array->Append(value.View());
+            array->Append(array->At(0));
+        }
+        ASSERT_EQ(array->GetSize(), 2000U);
+        for (const std::uint32_t index : {0U, 1U, 998U, 1999U})
+            EXPECT_EQ(Describe(array->At(index)), Describe(value)) << index;
+    }
+}
+
 TEST(SharedArray, AReserveChangesNothing) {
     const Held integers = Make({Integer(1)});
     integers->Reserve(100);
