@@ -142,10 +142,7 @@ bool CMacroCategoryCmdList::Execute(CommandEntry& entry, SourceUnit& unit, std::
     } catch (...) {
         property.AddErrorMessage((entry.GetName() + "() threw an exception.").c_str());
     }
-    if (succeeded) {
-        result = property.TakeResult();
-    } else {
-        unit.errors.TakeErrors(property.GetErrors());
-    }
+    if (!succeeded) unit.errors.TakeErrors(property.GetErrors());
+    result = property.TakeResult();
     return succeeded;
 }

@@ -38,7 +38,8 @@ struct Magnitude {
     bool isNegative = false;
 };
 
-Magnitude ReadMagnitude(std::string_view text, unsigned int base) {
+template <unsigned int base>
+Magnitude ReadMagnitude(std::string_view text) {
     constexpr std::uint64_t kTooLarge = std::uint64_t{std::numeric_limits<std::uint32_t>::max()} + 1;
     Magnitude magnitude;
     const std::size_t first = !text.empty() && IsSign(text.front()) ? 1 : 0;
@@ -72,7 +73,7 @@ long long DecimalExponent(std::string_view number) {
 }  // namespace
 
 ConvertedNumber<std::uint32_t> ToUnsigned(std::string_view text, unsigned int base) {
-    const Magnitude magnitude = ReadMagnitude(text, base);
+    const Magnitude magnitude = base == 16 ? ReadMagnitude<16>(text) : ReadMagnitude<10>(text);
     constexpr std::uint32_t kMost = std::numeric_limits<std::uint32_t>::max();
     if (magnitude.value > kMost) return {kMost, magnitude.length, true};
     const auto value = static_cast<std::uint32_t>(magnitude.value);
@@ -80,7 +81,7 @@ ConvertedNumber<std::uint32_t> ToUnsigned(std::string_view text, unsigned int ba
 }
 
 ConvertedNumber<std::int32_t> ToInteger(std::string_view text) {
-    const Magnitude magnitude = ReadMagnitude(text, 10);
+    const Magnitude magnitude = ReadMagnitude<10>(text);
     const auto size = static_cast<std::int64_t>(magnitude.value);
     const std::int64_t value = magnitude.isNegative ? -size : size;
     const std::int64_t nearest = std::clamp<std::int64_t>(value, std::numeric_limits<std::int32_t>::min(),

@@ -87,15 +87,16 @@ bool CMacroCategoryCmdString_int2Hexstr::Run(CMacroPropertyIF* property) {
     if (count > 1 && !property->GetArgInteger(1, kMinWidth, kMaxWidth, width)) return false;
     if (!property->CheckNoAssignedValue(false)) return false;
 
-    char digits[8];
-    char* const last = digits + sizeof digits;
+    char digits[kMaxWidth + 1];
+    char* const last = digits + kMaxWidth;
     char* first = last;
+    *last = '\0';
     auto rest = static_cast<std::uint32_t>(value);
     do {
         *--first = "0123456789ABCDEF"[rest % 16];
         rest /= 16;
-    } while (rest != 0);
-    return property->SetResultString(PaddedDigits(first, last, width, '0').Get());
+    } while (rest != 0 || last - first < width);
+    return property->SetResultString(first);
 }
 
 bool CMacroCategoryCmdString_int2Decstr::Run(CMacroPropertyIF* property) {

@@ -1,5 +1,6 @@
 #include "categories/StringConversionCommands.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -32,12 +33,21 @@ std::size_t SignLength(std::string_view text) {
     return !text.empty() && (text.front() == '+' || text.front() == '-') ? 1 : 0;
 }
 
-/// @return the text up to where, behind its sign, the first character does not match.
-template <class Matches>
-std::string_view KeepWhile(std::string_view text, Matches matches) {
+/// @return the text up to the end of the number at its start; of a text without one its sign.
+std::string_view KeepNumber(std::string_view text, std::size_t length) {
+    return text.substr(0, std::max(length, SignLength(text)));
+}
+
+/// @return the text up to where, behind its sign, something else begins than digits with one point.
+std::string_view KeepDigitsAndPoint(std::string_view text) {
     std::size_t end = SignLength(text);
-    while (end < text.size() && matches(text[end]))
-        ++end;
+    for (bool hasPoint = false; end < text.size(); ++end) {
+        if (text[end] == '.' && !hasPoint) {
+            hasPoint = true;
+        } else if (!IsDigit(text[end])) {
+            break;
+        }
+    }
     return text.substr(0, end);
 }
 
@@ -72,9 +82,10 @@ bool CMacroCategoryCmdString_Hex2Dec::Run(CMacroPropertyIF* property) {
     std::string storage;
     std::string_view text;
     if (!ReadTarget(property, text)) return false;
-    text = KeepWhile(RemovePrefix(text, storage), IsHexadecimalDigit);
-    if (text.empty()) return Fail(property, kNoHexadecimal);
+    text = RemovePrefix(text, storage);
     const auto number = ToUnsigned(text, 16);
+    text = KeepNumber(text, number.length);
+    if (text.empty()) return Fail(property, kNoHexadecimal);
     return Check(property, text, number, indicator_, kStoppedHexadecimal) &&
            property->SetResultInteger(static_cast<int>(number.value));
 }
@@ -86,9 +97,9 @@ CMacroCategoryCmdString_Str2Dec::CMacroCategoryCmdString_Str2Dec(const char* cat
 bool CMacroCategoryCmdString_Str2Dec::Run(CMacroPropertyIF* property) {
     std::string_view text;
     if (!ReadTarget(property, text)) return false;
-    text = KeepWhile(text, IsDigit);
-    if (text.empty()) return Fail(property, kNoDecimal);
     const auto number = ToUnsigned(text, 10);
+    text = KeepNumber(text, number.length);
+    if (text.empty()) return Fail(property, kNoDecimal);
     return Check(property, text, number, indicator_, kNoDecimal) &&
            property->SetResultInteger(static_cast<int>(number.value));
 }
@@ -101,11 +112,7 @@ CMacroCategoryCmdString_Str2Float::CMacroCategoryCmdString_Str2Float(const char*
 bool CMacroCategoryCmdString_Str2Float::Run(CMacroPropertyIF* property) {
     std::string_view text;
     if (!ReadTarget(property, text)) return false;
-    text = KeepWhile(text, [hasPoint = false](char c) mutable {
-        if (c != '.' || hasPoint) return IsDigit(c);
-        hasPoint = true;
-        return true;
-    });
+    text = KeepDigitsAndPoint(text);
     if (text.empty()) return Fail(property, kNoFloating);
     const auto number = ToFloating(text);
     return Check(property, text, number, indicator_, kNoFloating) &&

@@ -57,11 +57,6 @@ public:
     ValueView* Cells() { return static_cast<ValueView*>(elements_); }
     const ValueView* Cells() const { return static_cast<const ValueView*>(elements_); }
 
-    /// Whether the elements are packed integers, which Integers() gives; otherwise Cells() gives them.
-    bool IsPacked() const { return isPacked_; }
-    std::int32_t* Integers() { return integers_.data(); }
-    ValueView* Cells() { return cells_.data(); }
-
     /// @return the element; requires index < GetSize().
     ValueView At(std::uint32_t index) const {
         switch (form_) {
@@ -82,6 +77,35 @@ public:
         if (index >= size_ || !Overwrite(index, value)) SetInGeneral(index, value);
     }
 
+    /// Stores over an element, as Set does, when neither the form nor a reference is in the way; requires
+    /// index < GetSize().
+    /// @return false when one of them is.
+    bool Overwrite(std::uint32_t index, const ValueView& value) {
+        if (form_ == Form::Integers) {
+            if (value.eType != ValueKind::Integer) return false;
+            Integers()[index] = value.integer;
+        } else if (form_ == Form::Floatings) {
+            if (value.eType != ValueKind::Floating) return false;
+            Floatings()[index] = value.floating;
+        } else {
+            if (HoldsReference(value.eType) || HoldsReference(Cells()[index].eType)) return false;
+            Cells()[index] = value;
+        }
+        return true;
+    }
+
+    /// Stores an integer, as Set does, over another one or behind the last where there is room.
+    /// @return false when it takes more than that.
+    bool StoreInteger(std::uint32_t index, std::int32_t value) {
+        if (form_ != Form::Integers || index >= counts_.capacity || index > size_) return false;
+        if (index == size_) {
+            if (index >= kIndexLimit) return false;
+            ++size_;
+        }
+        Integers()[index] = value;
+        return true;
+    }
+
     void Append(const ValueView& value) { Set(size_, value); }
 
     /// Makes room for as many elements in all.
@@ -97,21 +121,6 @@ private:
     ~SharedArray();
 
     static void Destroy(SharedArray* array);
-
-    /// Stores over an element when neither the form nor a reference is in the way.
-    bool Overwrite(std::uint32_t index, const ValueView& value) {
-        if (form_ == Form::Integers) {
-            if (value.eType != ValueKind::Integer) return false;
-            Integers()[index] = value.integer;
-        } else if (form_ == Form::Floatings) {
-            if (value.eType != ValueKind::Floating) return false;
-            Floatings()[index] = value.floating;
-        } else {
-            if (HoldsReference(value.eType) || HoldsReference(Cells()[index].eType)) return false;
-            Cells()[index] = value;
-        }
-        return true;
-    }
 
     Form FormWith(std::uint32_t index, ValueKind kind) const;
     void SetInGeneral(std::uint32_t index, const ValueView& value);

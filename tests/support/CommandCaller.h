@@ -28,7 +28,9 @@ public:
         if (entry == nullptr) return "no such command";
         unit_.errors.Clear();
         CMacroCommonValue result;
-        if (list_.Execute(*entry, unit_, 7, {arguments, assigned}, result)) return Describe(result);
+        const std::vector<ValueView> views = ViewsOf(arguments);
+        const CallOperands operands{views, assigned == nullptr ? nullptr : &assigned->View()};
+        if (list_.Execute(*entry, unit_, 7, operands, result)) return Describe(result);
         lastResult_ = Describe(result);
         std::string lines;
         for (std::uint32_t i = 0; i < unit_.errors.GetCount(); ++i)

@@ -1,47 +1,36 @@
 #include "runtime/plan/CompareSteps.h"
 
+#include "runtime/plan/Calculation.h"
 #include "runtime/plan/StatementSteps.h"
 
 namespace macroengine::plan {
 
 namespace {
 
-template <Operator op, class Value>
-bool Holds(Value left, Value right) {
-    if constexpr (op == Operator::Equal) return left == right;
-    if constexpr (op == Operator::NotEqual) return left != right;
-    if constexpr (op == Operator::Less) return left < right;
-    if constexpr (op == Operator::LessOrEqual) return left <= right;
-    if constexpr (op == Operator::Greater) return left > right;
-    if constexpr (op == Operator::GreaterOrEqual) return left >= right;
-    if constexpr (op == Operator::LogicalAnd) return left && right;
-    if constexpr (op == Operator::LogicalOr) return left || right;
-}
-
 template <Operator op>
 constexpr bool kIsLogical = op == Operator::LogicalAnd || op == Operator::LogicalOr;
 
-template <Operator op, Branch branch>
+template <Operator op, Right rightSide, Branch branch>
 struct Comparison {
     // The quick ways are taken only after the general one has made the result a boolean, which it stays.
 
     static Step* WithIntegers(Step* step, Frame& frame) {
         const ValueView& left = *step->left;
-        const ValueView& right = *step->right;
+        const ValueView& right = RightOf<rightSide>(*step);
         if ((Kind(left) | Kind(right)) != 0) return WithAny(step, frame);
         return Finish(step, frame, Holds<op>(left.integer, right.integer));
     }
 
     static Step* WithFloating(Step* step, Frame& frame) {
         const ValueView& left = *step->left;
-        const ValueView& right = *step->right;
+        const ValueView& right = RightOf<rightSide>(*step);
         if ((NotFloating(left) | NotFloating(right)) != 0) return WithAny(step, frame);
         return Finish(step, frame, Holds<op>(left.floating, right.floating));
     }
 
     static Step* WithBooleans(Step* step, Frame& frame) {
         const ValueView& left = *step->left;
-        const ValueView& right = *step->right;
+        const ValueView& right = RightOf<rightSide>(*step);
         if (left.eType != ValueKind::Boolean || right.eType != ValueKind::Boolean)
             return WithAny(step, frame);
         return Finish(step, frame, Holds<op>(left.boolean, right.boolean));
@@ -49,7 +38,7 @@ struct Comparison {
 
     static Step* WithAny(Step* step, Frame& frame) {
         const ValueView& left = *step->left;
-        const ValueView& right = *step->right;
+        const ValueView& right = RightOf<rightSide>(*step);
         bool holds = false;
         if constexpr (kIsLogical<op>) {
             if (left.eType != ValueKind::Boolean || right.eType != ValueKind::Boolean) {
@@ -74,10 +63,6 @@ struct Comparison {
         return Finish(step, frame, holds);
     }
 
-    static double ToFloating(const ValueView& number) {
-        return number.eType == ValueKind::Integer ? number.integer : number.floating;
-    }
-
     static Step* Finish(Step* step, Frame& frame, bool holds) {
         if constexpr (branch == Branch::BackIfTrue) {
             if (!frame.IsRunning()) return LeaveAtJump(step, frame);
@@ -89,41 +74,46 @@ struct Comparison {
     }
 };
 
-template <Branch branch>
+template <Right right, Branch branch>
 Handler Choose(Operator op) {
     switch (op) {
         case Operator::Equal:
-            return Comparison<Operator::Equal, branch>::WithAny;
+            return Comparison<Operator::Equal, right, branch>::WithAny;
         case Operator::NotEqual:
-            return Comparison<Operator::NotEqual, branch>::WithAny;
+            return Comparison<Operator::NotEqual, right, branch>::WithAny;
         case Operator::Less:
-            return Comparison<Operator::Less, branch>::WithAny;
+            return Comparison<Operator::Less, right, branch>::WithAny;
         case Operator::LessOrEqual:
-            return Comparison<Operator::LessOrEqual, branch>::WithAny;
+            return Comparison<Operator::LessOrEqual, right, branch>::WithAny;
         case Operator::Greater:
-            return Comparison<Operator::Greater, branch>::WithAny;
+            return Comparison<Operator::Greater, right, branch>::WithAny;
         case Operator::GreaterOrEqual:
-            return Comparison<Operator::GreaterOrEqual, branch>::WithAny;
+            return Comparison<Operator::GreaterOrEqual, right, branch>::WithAny;
         case Operator::LogicalAnd:
-            return Comparison<Operator::LogicalAnd, branch>::WithAny;
+            return Comparison<Operator::LogicalAnd, right, branch>::WithAny;
         case Operator::LogicalOr:
-            return Comparison<Operator::LogicalOr, branch>::WithAny;
+            return Comparison<Operator::LogicalOr, right, branch>::WithAny;
         default:
             return RunStatements;
     }
 }
 
-}  // namespace
-
-Handler ChooseComparison(Operator op, Branch branch) {
+template <Right right>
+Handler Choose(Operator op, Branch branch) {
     switch (branch) {
         case Branch::IfFalse:
-            return Choose<Branch::IfFalse>(op);
+            return Choose<right, Branch::IfFalse>(op);
         case Branch::BackIfTrue:
-            return Choose<Branch::BackIfTrue>(op);
+            return Choose<right, Branch::BackIfTrue>(op);
         default:
-            return Choose<Branch::None>(op);
+            return Choose<right, Branch::None>(op);
     }
+}
+
+}  // namespace
+
+Handler ChooseComparison(Operator op, Right right, Branch branch) {
+    return right == Right::Literal ? Choose<Right::Literal>(op, branch) : Choose<Right::Value>(op, branch);
 }
 
 }  // namespace macroengine::plan

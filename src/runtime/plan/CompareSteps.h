@@ -14,6 +14,6 @@ enum class Branch {
 
 /// @return the step for a comparison, or for two conditions joined by "&&" or "||", with what follows it; it
 ///         turns itself into a quicker one for the kinds that it meets.
-Handler ChooseComparison(Operator op, Branch branch);
+Handler ChooseComparison(Operator op, Right right, Branch branch);
 
 }  // namespace macroengine::plan

@@ -10,35 +10,54 @@ namespace macroengine::plan {
 
 namespace {
 
+using Form = SharedArray::Form;
+
 /// 0 when the value is an array.
 std::uint32_t NotArray(const ValueView& value) {
     return Kind(value) ^ static_cast<std::uint32_t>(ValueKind::Array);
 }
 
-/// @return whether the value is of a kind whose copies share nothing.
-bool IsPlain(const ValueView& value) {
-    return IsNumber(value) || value.eType == ValueKind::Boolean;
+bool HasElement(const ValueView& base, const ValueView& index) {
+    return (NotArray(base) | Kind(index)) == 0 &&
+           static_cast<std::uint32_t>(index.integer) < base.array->GetSize();
 }
 
-/// Stores at an index of an array that only its holder holds.
-/// @return false when there is no room for it; nothing has changed then.
-bool Store(SharedArray& array, std::uint32_t index, const ValueView& value) {
-    if (index < array.GetSize()) {
-        if (array.IsPacked()) {
-            if (value.eType == ValueKind::Integer) {
-                array.Integers()[index] = value.integer;
-                return true;
-            }
-        } else {
-            ValueView& cell = array.Cells()[index];
-            if (IsPlain(cell) && IsPlain(value)) {
-                cell = value;
-                return true;
-            }
-        }
+/// Finds the array that holds the last of two subscripts' element.
+/// @return null when there is no such element.
+SharedArray* FindRow(const Step& step) {
+    if (!HasElement(*step.left, *step.right) || step.left->array->GetForm() != Form::Cells) return nullptr;
+    const ValueView& row = step.left->array->Cells()[step.right->integer];
+    return HasElement(row, *step.second) ? row.array : nullptr;
+}
+
+/// Lets a step see an element, which stays the array's.
+void Load(ValueView& target, const SharedArray& array, std::uint32_t index) {
+    if (array.GetForm() == Form::Integers) {
+        target.eType = ValueKind::Integer;
+        target.integer = array.Integers()[index];
+    } else if (array.GetForm() == Form::Floatings) {
+        target.eType = ValueKind::Floating;
+        target.floating = array.Floatings()[index];
+    } else {
+        target = array.Cells()[index];
     }
+}
+
+void Copy(ValueView& variable, const SharedArray& array, std::uint32_t index) {
+    if (variable.eType == ValueKind::Integer && array.GetForm() == Form::Integers) {
+        variable.integer = array.Integers()[index];
+    } else {
+        AssignCell(variable, array.At(index));
+    }
+}
+
+/// Stores what needs more than an element written over.
+/// @return false when only the statement can do it; nothing has changed then.
+bool StoreInGeneral(SharedArray& array, std::uint32_t index, const ValueView& value) {
     // What is stored may hold the array itself: the statement sees to that.
-    if (index >= SharedArray::kIndexLimit || value.eType == ValueKind::Array) return false;
+    if (index >= SharedArray::kIndexLimit || value.eType == ValueKind::Array || !IsConcrete(value.eType)) {
+        return false;
+    }
     try {
         array.Set(index, value);
         return true;
@@ -49,65 +68,69 @@ bool Store(SharedArray& array, std::uint32_t index, const ValueView& value) {
     }
 }
 
+/// Stores into an array that only its holder holds.
+/// @return false when only the statement can do it; nothing has changed then.
+bool Store(SharedArray& array, std::int32_t index, const ValueView& value) {
+    const auto position = static_cast<std::uint32_t>(index);
+    if (position < array.GetSize() && IsConcrete(value.eType) && array.Overwrite(position, value))
+        return true;
+    return StoreInGeneral(array, position, value);
+}
+
 }  // namespace
 
 Step* LoadElement(Step* step, Frame& frame) {
-    const ValueView& base = *step->left;
-    const ValueView& index = *step->right;
-    if ((NotArray(base) | Kind(index)) != 0) return RunStatements(step, frame);
-    SharedArray& array = *base.array;
-    const auto position = static_cast<std::uint32_t>(index.integer);
-    if (position >= array.GetSize()) return RunStatements(step, frame);
-    if (array.IsPacked()) {
-        step->target->eType = ValueKind::Integer;
-        step->target->integer = array.Integers()[position];
-    } else {
-        *step->target = array.Cells()[position];
-    }
+    if (!HasElement(*step->left, *step->right)) return RunStatements(step, frame);
+    Load(*step->target, *step->left->array, static_cast<std::uint32_t>(step->right->integer));
+    return Continue(step + 1, frame);
+}
+
+Step* LoadNestedElement(Step* step, Frame& frame) {
+    const SharedArray* const row = FindRow(*step);
+    if (row == nullptr) return RunStatements(step, frame);
+    Load(*step->target, *row, static_cast<std::uint32_t>(step->second->integer));
     return Continue(step + 1, frame);
 }
 
 Step* CopyElement(Step* step, Frame& frame) {
-    const ValueView& base = *step->left;
-    const ValueView& index = *step->right;
-    if ((NotArray(base) | Kind(index)) != 0) return RunStatements(step, frame);
-    SharedArray& array = *base.array;
-    const auto position = static_cast<std::uint32_t>(index.integer);
-    if (position >= array.GetSize()) return RunStatements(step, frame);
-    ValueView& target = *step->target;
-    if (array.IsPacked() && target.eType == ValueKind::Integer) {
-        target.integer = array.Integers()[position];
-    } else {
-        AssignCell(target, array.At(position));
-    }
+    if (!HasElement(*step->left, *step->right)) return RunStatements(step, frame);
+    Copy(*step->target, *step->left->array, static_cast<std::uint32_t>(step->right->integer));
+    return Continue(step + 1, frame);
+}
+
+Step* CopyNestedElement(Step* step, Frame& frame) {
+    const SharedArray* const row = FindRow(*step);
+    if (row == nullptr) return RunStatements(step, frame);
+    Copy(*step->target, *row, static_cast<std::uint32_t>(step->second->integer));
     return Continue(step + 1, frame);
 }
 
 Step* StoreElement(Step* step, Frame& frame) {
-    ValueView& variable = *step->target;
+    const ValueView& variable = *step->target;
     const ValueView& index = *step->left;
     const ValueView& source = *step->right;
-    if ((NotArray(variable) | Kind(index)) != 0) return RunStatements(step, frame);
-    SharedArray& array = *variable.array;
-    const auto position = static_cast<std::uint32_t>(index.integer);
-    if (array.IsShared() || !IsConcrete(source.eType) || !Store(array, position, source)) {
+    if ((NotArray(variable) | Kind(index)) != 0 || variable.array->IsShared()) {
         return RunStatements(step, frame);
     }
+    if (source.eType == ValueKind::Integer &&
+        variable.array->StoreInteger(static_cast<std::uint32_t>(index.integer), source.integer)) {
+        return Continue(step + 1, frame);
+    }
+    if (!Store(*variable.array, index.integer, source)) return RunStatements(step, frame);
     return Continue(step + 1, frame);
 }
 
 Step* StoreNestedElement(Step* step, Frame& frame) {
-    ValueView& variable = *step->target;
+    const ValueView& variable = *step->target;
     const ValueView& outer = *step->left;
     const ValueView& inner = *step->second;
-    const ValueView& source = *step->right;
-    if ((NotArray(variable) | Kind(outer) | Kind(inner)) != 0) return RunStatements(step, frame);
-    SharedArray& rows = *variable.array;
-    const auto row = static_cast<std::uint32_t>(outer.integer);
-    if (rows.IsShared() || rows.IsPacked() || row >= rows.GetSize()) return RunStatements(step, frame);
-    const ValueView& cell = rows.Cells()[row];
-    if (cell.eType != ValueKind::Array || cell.array->IsShared() || !IsConcrete(source.eType) ||
-        !Store(*cell.array, static_cast<std::uint32_t>(inner.integer), source)) {
+    if (!HasElement(variable, outer) || Kind(inner) != 0 || variable.array->IsShared() ||
+        variable.array->GetForm() != Form::Cells) {
+        return RunStatements(step, frame);
+    }
+    const ValueView& row = variable.array->Cells()[outer.integer];
+    if (row.eType != ValueKind::Array || row.array->IsShared() ||
+        !Store(*row.array, inner.integer, *step->right)) {
         return RunStatements(step, frame);
     }
     return Continue(step + 1, frame);

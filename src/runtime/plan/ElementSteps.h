@@ -7,8 +7,14 @@ namespace macroengine::plan {
 /// Reads element `right` of the array `left`, for the step that follows.
 Step* LoadElement(Step* step, Frame& frame);
 
+/// Reads element `second` of element `right` of the array `left`, for the step that follows.
+Step* LoadNestedElement(Step* step, Frame& frame);
+
 /// `variable = left[right]`.
 Step* CopyElement(Step* step, Frame& frame);
+
+/// `variable = left[right][second]`.
+Step* CopyNestedElement(Step* step, Frame& frame);
 
 /// `target[left] = right`.
 Step* StoreElement(Step* step, Frame& frame);

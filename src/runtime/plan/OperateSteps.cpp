@@ -3,6 +3,7 @@
 #include <new>
 
 #include "runtime/ValueText.h"
+#include "runtime/plan/Calculation.h"
 #include "runtime/plan/StatementSteps.h"
 
 namespace macroengine::plan {
@@ -12,44 +13,15 @@ namespace {
 template <Operator op>
 constexpr bool kIsArithmetic = op <= Operator::Divide;
 
-/// Unsigned, so that sums and products wrap, quotients and shifts to the right are unsigned ones.
-template <Operator op>
-std::int32_t Calculate(std::int32_t leftValue, std::int32_t rightValue) {
-    const auto left = static_cast<std::uint32_t>(leftValue);
-    const auto right = static_cast<std::uint32_t>(rightValue);
-    std::uint32_t result = 0;
-    if constexpr (op == Operator::Add) result = left + right;
-    if constexpr (op == Operator::Subtract) result = left - right;
-    if constexpr (op == Operator::Multiply) result = left * right;
-    if constexpr (op == Operator::Divide) result = left / right;
-    if constexpr (op == Operator::And) result = left & right;
-    if constexpr (op == Operator::Or) result = left | right;
-    if constexpr (op == Operator::ShiftLeft) result = right < 32 ? left << right : 0;
-    if constexpr (op == Operator::ShiftRight) result = right < 32 ? left >> right : 0;
-    return static_cast<std::int32_t>(result);
-}
-
-template <Operator op>
-double Calculate(double left, double right) {
-    if constexpr (op == Operator::Add) return left + right;
-    if constexpr (op == Operator::Subtract) return left - right;
-    if constexpr (op == Operator::Multiply) return left * right;
-    return left / right;
-}
-
-double ToFloating(const ValueView& number) {
-    return number.eType == ValueKind::Integer ? number.integer : number.floating;
-}
-
 std::int32_t ToInteger(const ValueView& number) {
     return number.eType == ValueKind::Integer ? number.integer : TruncateToInteger(number.floating);
 }
 
-template <Operator op, bool assigns>
+template <Operator op, Right rightSide, bool assigns>
 struct Operation {
     static Step* WithIntegers(Step* step, Frame& frame) {
         const ValueView& left = *step->left;
-        const ValueView& right = *step->right;
+        const ValueView& right = RightOf<rightSide>(*step);
         std::uint32_t kinds = Kind(left) | Kind(right) | Kind(*step->result);
         if constexpr (assigns) kinds |= Kind(*step->target);
         if (kinds != 0) return WithAny(step, frame);
@@ -64,7 +36,7 @@ struct Operation {
 
     static Step* WithFloating(Step* step, Frame& frame) {
         const ValueView& left = *step->left;
-        const ValueView& right = *step->right;
+        const ValueView& right = RightOf<rightSide>(*step);
         std::uint32_t kinds = NotFloating(left) | NotFloating(right) | NotFloating(*step->result);
         if constexpr (assigns) kinds |= NotFloating(*step->target);
         if (kinds != 0) return WithAny(step, frame);
@@ -74,7 +46,7 @@ struct Operation {
     /// A floating value on the left and an integer on the right.
     static Step* WithFloatingAndInteger(Step* step, Frame& frame) {
         const ValueView& left = *step->left;
-        const ValueView& right = *step->right;
+        const ValueView& right = RightOf<rightSide>(*step);
         std::uint32_t kinds = NotFloating(left) | Kind(right) | NotFloating(*step->result);
         if constexpr (assigns) kinds |= NotFloating(*step->target);
         if (kinds != 0) return WithAny(step, frame);
@@ -94,7 +66,7 @@ struct Operation {
     /// Operands of any kind.
     static Step* WithAny(Step* step, Frame& frame) {
         const ValueView& left = *step->left;
-        const ValueView& right = *step->right;
+        const ValueView& right = RightOf<rightSide>(*step);
         if (IsNumber(left) && IsNumber(right)) return WithNumbers(step, frame);
         if constexpr (op == Operator::Add) {
             if (left.eType == ValueKind::String && right.eType <= ValueKind::Boolean) {
@@ -106,7 +78,7 @@ struct Operation {
 
     static Step* WithNumbers(Step* step, Frame& frame) {
         const ValueView& left = *step->left;
-        const ValueView& right = *step->right;
+        const ValueView& right = RightOf<rightSide>(*step);
         const bool hasIntegers = (Kind(left) | Kind(right)) == 0;
         ValueView value;
         if constexpr (kIsArithmetic<op>) {
@@ -139,7 +111,8 @@ struct Operation {
     /// @return false when there is no memory for the text; nothing has changed then.
     static bool Append(Step& step) {
         try {
-            const CMacroCommonValue whole = Concatenate(*step.left, ValueText(*step.right).Get());
+            const CMacroCommonValue whole =
+                Concatenate(*step.left, ValueText(RightOf<rightSide>(step)).Get());
             AssignCell(*step.result, whole.View());
             if constexpr (assigns) AssignCell(*step.target, whole.View());
             return true;
@@ -149,25 +122,25 @@ struct Operation {
     }
 };
 
-template <bool assigns>
+template <Right right, bool assigns>
 Handler Choose(Operator op) {
     switch (op) {
         case Operator::Add:
-            return Operation<Operator::Add, assigns>::WithAny;
+            return Operation<Operator::Add, right, assigns>::WithAny;
         case Operator::Subtract:
-            return Operation<Operator::Subtract, assigns>::WithAny;
+            return Operation<Operator::Subtract, right, assigns>::WithAny;
         case Operator::Multiply:
-            return Operation<Operator::Multiply, assigns>::WithAny;
+            return Operation<Operator::Multiply, right, assigns>::WithAny;
         case Operator::Divide:
-            return Operation<Operator::Divide, assigns>::WithAny;
+            return Operation<Operator::Divide, right, assigns>::WithAny;
         case Operator::And:
-            return Operation<Operator::And, assigns>::WithAny;
+            return Operation<Operator::And, right, assigns>::WithAny;
         case Operator::Or:
-            return Operation<Operator::Or, assigns>::WithAny;
+            return Operation<Operator::Or, right, assigns>::WithAny;
         case Operator::ShiftLeft:
-            return Operation<Operator::ShiftLeft, assigns>::WithAny;
+            return Operation<Operator::ShiftLeft, right, assigns>::WithAny;
         case Operator::ShiftRight:
-            return Operation<Operator::ShiftRight, assigns>::WithAny;
+            return Operation<Operator::ShiftRight, right, assigns>::WithAny;
         default:
             return RunStatements;
     }
@@ -175,8 +148,11 @@ Handler Choose(Operator op) {
 
 }  // namespace
 
-Handler ChooseOperation(Operator op, bool assigns) {
-    return assigns ? Choose<true>(op) : Choose<false>(op);
+Handler ChooseOperation(Operator op, Right right, bool assigns) {
+    if (right == Right::Literal) {
+        return assigns ? Choose<Right::Literal, true>(op) : Choose<Right::Literal, false>(op);
+    }
+    return assigns ? Choose<Right::Value, true>(op) : Choose<Right::Value, false>(op);
 }
 
 }  // namespace macroengine::plan

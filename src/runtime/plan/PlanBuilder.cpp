@@ -2,6 +2,7 @@
 
 #include "runtime/VariableTable.h"
 #include "runtime/plan/ElementSteps.h"
+#include "runtime/plan/LoopSteps.h"
 #include "runtime/plan/OperateSteps.h"
 #include "runtime/plan/StatementSteps.h"
 
@@ -28,6 +29,10 @@ namespace {
 bool IsResult(const CMacroCommonValue& operand, const CMacroCommonValue& result) {
     const ValueView& view = operand.View();
     return view.eType == ValueKind::ResultReference && view.result == &result;
+}
+
+plan::Right SideOf(const ValueView& operand) {
+    return operand.eType == ValueKind::Integer ? plan::Right::Literal : plan::Right::Value;
 }
 
 bool IsConditional(Control control) {
@@ -88,7 +93,7 @@ void PlanBuilder::Connect() {
 PlanBuilder::Step& PlanBuilder::AddStep(plan::Handler run) {
     plan_.origins_.emplace_back();
     Step& step = plan_.steps_.emplace_back();
-    step = {run, nullptr, nullptr, nullptr, {nullptr}, nullptr};
+    step = {run, {nullptr}, {nullptr}, nullptr, {nullptr}, nullptr};
     return step;
 }
 
@@ -138,17 +143,43 @@ const ValueView* PlanBuilder::FindSlot(const ValueView& operand) {
 
 const ValueView* PlanBuilder::BuildLoad(const ElementReference& element) {
     const ValueView* base = &element.variable->value.View();
-    for (const CMacroCommonValue& subscript : element.subscripts) {
-        const ValueView* const index = FindSlot(subscript);
+    const std::vector<CMacroCommonValue>& subscripts = element.subscripts;
+    for (std::size_t i = 0; i < subscripts.size();) {
+        const bool isNested = i + 1 < subscripts.size();
+        const ValueView* const index = FindSlot(subscripts[i]);
         if (index == nullptr) return nullptr;
+        const ValueView* const second = isNested ? FindSlot(subscripts[i + 1]) : index;
+        if (second == nullptr) return nullptr;
         ValueView& loaded = plan_.slots_.emplace_back();
-        Step& step = AddStep(plan::LoadElement);
+        Step& step = AddStep(isNested ? plan::LoadNestedElement : plan::LoadElement);
         step.left = base;
         step.right = index;
+        step.second = second;
         step.target = &loaded;
         base = &loaded;
+        i += isNested ? 2 : 1;
     }
     return base;
+}
+
+/// Finds both operands of an operator.
+/// @return false for what only a statement can do.
+bool PlanBuilder::FindOperands(const ValueView& left, const ValueView& right, Operands& operands) {
+    operands.side = SideOf(right);
+    operands.literal = right.integer;
+    operands.left = FindSlot(left);
+    if (operands.left == nullptr) return false;
+    if (operands.side == plan::Right::Value) operands.right = FindSlot(right);
+    return operands.side == plan::Right::Literal || operands.right != nullptr;
+}
+
+void PlanBuilder::SetOperands(Step& step, const Operands& operands) {
+    step.left = operands.left;
+    if (operands.side == plan::Right::Literal) {
+        step.literal = operands.literal;
+    } else {
+        step.right = operands.right;
+    }
 }
 
 // Statements
@@ -165,9 +196,17 @@ std::size_t PlanBuilder::BuildStatement(std::size_t index, std::size_t end) {
         case Kind::Control:
             return BuildControl(index);
         case Kind::Category:
-            break;
+            return BuildCategory(index);
     }
     return BuildAnyStatement(index);
+}
+
+std::size_t PlanBuilder::BuildCategory(std::size_t index) {
+    Step& step = AddStep(plan::RunStatement);
+    step.statement = program_.statements[index].get();
+    step.statementIndex = static_cast<std::uint32_t>(index);
+    EndSteps(index + 1);
+    return index + 1;
 }
 
 std::size_t PlanBuilder::BuildAnyStatement(std::size_t index) {
@@ -178,9 +217,8 @@ std::size_t PlanBuilder::BuildAnyStatement(std::size_t index) {
 
 std::size_t PlanBuilder::BuildOperate(std::size_t index, std::size_t end) {
     auto& operate = StatementAt<CMacroStatementOperate>(index);
-    const ValueView* const left = FindSlot(operate.GetLeft());
-    const ValueView* const right = left == nullptr ? nullptr : FindSlot(operate.GetRight());
-    if (right == nullptr) {
+    Operands operands;
+    if (!FindOperands(operate.GetLeft().View(), operate.GetRight().View(), operands)) {
         DropSteps();
         return BuildAnyStatement(index);
     }
@@ -191,9 +229,8 @@ std::size_t PlanBuilder::BuildOperate(std::size_t index, std::size_t end) {
         const bool isWhole = destination.eType == ValueKind::VariableReference;
         if (isWhole && IsResult(assign.GetSource(), operate.GetResult())) target = destination.variable;
     }
-    Step& step = AddStep(plan::ChooseOperation(operate.GetOperator(), target != nullptr));
-    step.left = left;
-    step.right = right;
+    Step& step = AddStep(plan::ChooseOperation(operate.GetOperator(), operands.side, target != nullptr));
+    SetOperands(step, operands);
     step.result = &operate.GetResult().Cell();
     if (target != nullptr) step.target = &target->value.Cell();
     const std::size_t next = target != nullptr ? index + 2 : index + 1;
@@ -218,8 +255,9 @@ bool PlanBuilder::BuildAssignToVariable(const CMacroStatementAssign& assign) {
     ValueView& target = assign.GetDestination().View().variable->value.Cell();
     if (assign.GetSource().GetType() == ValueKind::ElementReference) {
         // The load of the last subscript can assign the element itself.
-        plan_.steps_.back().run = plan::CopyElement;
-        plan_.steps_.back().target = &target;
+        Step& load = plan_.steps_.back();
+        load.run = load.run == plan::LoadElement ? plan::CopyElement : plan::CopyNestedElement;
+        load.target = &target;
         return true;
     }
     Step& step = AddStep(plan::CopyValue);
@@ -275,12 +313,10 @@ bool PlanBuilder::BranchesOn(const CMacroStatementControl& control, std::size_t 
 }
 
 bool PlanBuilder::BuildComparison(CMacroStatementCompare& compare, Branch branch) {
-    const ValueView* const left = FindSlot(compare.GetLeft());
-    const ValueView* const right = left == nullptr ? nullptr : FindSlot(compare.GetRight());
-    if (right == nullptr) return false;
-    Step& step = AddStep(plan::ChooseComparison(compare.GetOperator(), branch));
-    step.left = left;
-    step.right = right;
+    Operands operands;
+    if (!FindOperands(compare.GetLeft().View(), compare.GetRight().View(), operands)) return false;
+    Step& step = AddStep(plan::ChooseComparison(compare.GetOperator(), operands.side, branch));
+    SetOperands(step, operands);
     step.result = &compare.GetResult().Cell();
     return true;
 }
@@ -313,6 +349,22 @@ void PlanBuilder::BuildJump(std::size_t index, std::size_t group) {
     EndSteps(index + 1);
 }
 
+/// Joins the operation in the last line of a loop with the loop's test, the last step.
+void PlanBuilder::JoinAdvance(std::size_t endLoop, const CMacroStatementCompare& compare) {
+    if (endLoop < 2 || plan_.steps_.size() < 2 || KindAt(endLoop - 2) != Kind::Operate) return;
+    const std::size_t last = plan_.steps_.size() - 1;
+    const StepOrigin& origin = plan_.origins_[last - 1];
+    Step& advance = plan_.steps_[last - 1];
+    const bool isWholeLine = origin.firstStatement == endLoop - 2 && origin.endStatement == endLoop &&
+                             program_.groupStarts[group_] == endLoop;
+    if (!isWholeLine || advance.left != advance.target || plan_.steps_[last].left != advance.target) return;
+    const auto& operate = StatementAt<CMacroStatementOperate>(endLoop - 2);
+    const plan::Handler joined =
+        plan::ChooseAdvance(operate.GetOperator(), SideOf(operate.GetRight().View()), compare.GetOperator(),
+                            SideOf(compare.GetRight().View()));
+    if (joined != nullptr) advance.run = joined;
+}
+
 /// @return whether a group is a loop's condition made of comparisons alone, followed by its control statement.
 bool PlanBuilder::IsPlainLoop(std::size_t group) const {
     const std::size_t last = EndOfGroup(group) - 1;
@@ -343,6 +395,9 @@ bool PlanBuilder::BuildLoopEnd(std::size_t index, std::size_t loopGroup) {
     }
     plan_.origins_.back().jumpGroup = static_cast<std::int32_t>(loopGroup + 1);
     plan_.origins_.back().jumpStatement = static_cast<std::uint32_t>(index);
+    if (plan_.steps_.size() == start + 1) {
+        JoinAdvance(index, StatementAt<CMacroStatementCompare>(loop - 1));
+    }
     // When the statements run instead, they go on in order behind the loop's own ones.
     for (std::size_t i = sequenceStart_; i < plan_.steps_.size(); ++i)
         plan_.origins_[i].after = groupSteps_[loopGroup + 1 - plan_.firstGroup_];

@@ -31,6 +31,7 @@ private:
     std::size_t BuildCompare(std::size_t index, std::size_t end);
     std::size_t BuildAssign(std::size_t index);
     std::size_t BuildControl(std::size_t index);
+    std::size_t BuildCategory(std::size_t index);
     std::size_t BuildAnyStatement(std::size_t index);
 
     bool BuildAssignToVariable(const CMacroStatementAssign& assign);
@@ -38,12 +39,23 @@ private:
     bool BuildComparison(CMacroStatementCompare& compare, plan::Branch branch);
     void BuildJump(std::size_t index, std::size_t group);
     bool BuildLoopEnd(std::size_t index, std::size_t loopGroup);
+    void JoinAdvance(std::size_t endLoop, const CMacroStatementCompare& compare);
     void BuildCheck();
 
     // Operands: each of these returns where a step finds the value, null for what only a statement can do.
     const ValueView* FindSlot(const ValueView& operand);
     const ValueView* FindSlot(const CMacroCommonValue& operand) { return FindSlot(operand.View()); }
     const ValueView* BuildLoad(const ElementReference& element);
+
+    struct Operands {
+        const ValueView* left = nullptr;
+        plan::Right side = plan::Right::Value;
+        const ValueView* right = nullptr;
+        std::int32_t literal = 0;
+    };
+
+    bool FindOperands(const ValueView& left, const ValueView& right, Operands& operands);
+    static void SetOperands(Step& step, const Operands& operands);
 
     Step& AddStep(plan::Handler run);
     void BeginSteps(std::size_t firstStatement);

@@ -32,6 +32,13 @@ Step* RunStatements(Step* step, Frame& frame) {
     return Continue(frame.steps + origin.after, frame);
 }
 
+Step* RunStatement(Step* step, Frame& frame) {
+    frame.current = step->statementIndex;
+    if (!step->statement->vfRun()) return Leave(frame, step->statementIndex, Progress::HasFailed);
+    if (!frame.IsRunning()) return Leave(frame, step->statementIndex, Progress::HasRun);
+    return Continue(step + 1, frame);
+}
+
 Step* CopyValue(Step* step, Frame& frame) {
     const ValueView& source = *step->left;
     ValueView& target = *step->target;

@@ -7,6 +7,9 @@ namespace macroengine::plan {
 /// Leaves the work of a step to its statements.
 Step* RunStatements(Step* step, Frame& frame);
 
+/// Runs a statement that goes on in order.
+Step* RunStatement(Step* step, Frame& frame);
+
 /// `variable = operand`.
 Step* CopyValue(Step* step, Frame& frame);
 

@@ -27,8 +27,15 @@ using Handler = Step* (*)(Step* step, Frame& frame);
 
 struct Step {
     Handler run;
-    const ValueView* left;
-    const ValueView* right;
+    union {
+        const ValueView* left;
+        CMacroStatementBase* statement;  ///< the one that a step runs itself
+    };
+    union {
+        const ValueView* right;
+        std::int32_t literal;          ///< in its place, where a step is made for that
+        std::uint32_t statementIndex;  ///< of the one that a step runs itself
+    };
     ValueView* target;  ///< the variable that is assigned to
     union {
         ValueView* result;        ///< the result of the operation or comparison
@@ -104,6 +111,19 @@ inline std::uint32_t NotFloating(const ValueView& value) {
 
 inline bool IsNumber(const ValueView& value) {
     return Kind(value) <= static_cast<std::uint32_t>(ValueKind::Floating);
+}
+
+inline double ToFloating(const ValueView& number) {
+    return number.eType == ValueKind::Integer ? number.integer : number.floating;
+}
+
+/// What stands on the right of an operator.
+enum class Right { Value, Literal };
+
+template <Right right>
+ValueView RightOf(const Step& step) {
+    if constexpr (right == Right::Literal) return ValueView::Integer(step.literal);
+    return *step.right;
 }
 
 /// Makes a cell a copy of a value, which may be a part of what the cell holds.
