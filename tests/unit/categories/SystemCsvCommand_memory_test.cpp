@@ -21,6 +21,7 @@ TEST(CsvfileReadMemory, EveryAllocationMayFail) {
     CommandEntry* const entry = list.FindEntry("system", "csvfile_read");
     ASSERT_NE(entry, nullptr);
     const std::vector<CMacroCommonValue> arguments{Text(path), Integer(1)};
+    const std::vector<ValueView> views = test::ViewsOf(arguments);
 
     bool succeeded = false;
     long allowed = 0;
@@ -29,7 +30,7 @@ TEST(CsvfileReadMemory, EveryAllocationMayFail) {
         CMacroCommonValue result;
         try {
             const FailingAllocation failing(allowed);
-            succeeded = list.Execute(*entry, unit, 1, {arguments, nullptr}, result);
+            succeeded = list.Execute(*entry, unit, 1, {views, nullptr}, result);
         } catch (const std::bad_alloc&) {
             // There was no memory even for the message: the runner reports it.
         }
