@@ -1,6 +1,6 @@
 # What one types every day. CMakePresets.json holds the builds, docs/building.md the explanations.
 
-.PHONY: build demo test check-format format tidy clean install-dependencies
+.PHONY: build demo test bench check-format format tidy clean install-dependencies
 
 build:
 	cmake --preset release
@@ -14,6 +14,12 @@ demo:
 test:
 	@scripts/install_dependencies
 	@scripts/run_tests release clang asan tsan
+
+# make bench BENCH_OPTIONS="--rounds 9 --markdown sieve sort"
+bench:
+	@scripts/install_dependencies bench
+	@scripts/build_quietly release macroctl
+	@bench/compare $(BENCH_OPTIONS)
 
 check-format:
 	@scripts/check_format
