@@ -21,6 +21,7 @@ class Failure(Exception):
 class Usage:
     output: str
     seconds: float  # of the processor, in the program and in the system for it
+    peak: int = 0  # bytes of memory, where that was asked for
 
 
 def run(command: list[str], environment: dict[str, str] | None = None) -> Usage:
@@ -36,6 +37,21 @@ def run(command: list[str], environment: dict[str, str] | None = None) -> Usage:
     if process.returncode != 0:
         raise Failure(f"{' '.join(command)} ended with status {process.returncode}:\n{text}")
     return Usage(text, usage.ru_utime + usage.ru_stime)
+
+
+def run_with_peak(command: list[str], environment: dict[str, str] | None = None) -> Usage:
+    """As run, and also tells the most memory that was taken.
+
+    A process is born with the memory of the one that starts it, which counts as its own. GNU time is small, Python is
+    not.
+    """
+    time = find("time")
+    if time is None:
+        raise Failure("GNU time is missing: scripts/install_dependencies bench installs it")
+    with tempfile.NamedTemporaryFile("r", encoding="ascii") as peak:
+        usage = run([time, "-f", "%M", "-o", peak.name, *command], environment)
+        usage.peak = int(peak.read().split()[-1]) * 1024
+    return usage
 
 
 def find(*names: str) -> str | None:
