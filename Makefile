@@ -1,6 +1,6 @@
 # What one types every day. CMakePresets.json holds the builds, docs/building.md the explanations.
 
-.PHONY: build demo test bench check-format format tidy clean install-dependencies
+.PHONY: build demo test bench performance check-format format tidy clean install-dependencies
 
 build:
 	cmake --preset release
@@ -20,6 +20,14 @@ bench:
 	@scripts/install_dependencies bench
 	@scripts/build_quietly release macroctl
 	@bench/compare $(BENCH_OPTIONS)
+
+# Measures everything anew that docs/performance.md tells. It takes a quarter of an hour on an idle machine.
+performance:
+	@scripts/install_dependencies bench
+	@scripts/build_quietly release macroctl many_commands_plugin
+	@bench/compare --document
+	@bench/compare --document --unseen
+	@bench/scale --document
 
 check-format:
 	@scripts/check_format

@@ -2,18 +2,11 @@
 
 import concurrent.futures
 import os
-import pathlib
 import shutil
 import subprocess
-import sys
 import unittest
 
-SOURCE_DIR = pathlib.Path(os.environ["SOURCE_DIR"])
-BENCH_DIR = SOURCE_DIR / "bench"
-sys.path.insert(0, str(BENCH_DIR))
-sys.dont_write_bytecode = True
-
-from kernel_list import KERNELS, UNSEEN_KERNELS, Kernel  # noqa: E402  the path is needed first
+from kernel_list import KERNELS, UNSEEN_KERNELS, Kernel
 
 MACROCTL = os.environ["MACROCTL"]
 LUA = shutil.which("lua5.4")
