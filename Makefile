@@ -1,6 +1,6 @@
 # What one types every day. CMakePresets.json holds the builds, docs/building.md the explanations.
 
-.PHONY: build demo test bench performance check-format format tidy clean install-dependencies
+.PHONY: build demo test docs bench performance check-format format tidy clean install-dependencies
 
 build:
 	cmake --preset release
@@ -28,6 +28,12 @@ performance:
 	@bench/compare --document
 	@bench/compare --document --unseen
 	@bench/scale --document
+
+docs:
+	@scripts/install_dependencies
+	@cmake --preset release >/dev/null
+	@cmake --build --preset release --target docs
+	@echo build/release/api/index.html
 
 check-format:
 	@scripts/check_format

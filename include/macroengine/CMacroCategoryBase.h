@@ -14,9 +14,9 @@ class CMacroPropertyIF;
 ///     Twice() : CMacroCategoryBase("math", "twice", true, false, "") {}
 ///     bool Run(CMacroPropertyIF* property) override {
 ///         int value = 0;
-///         if (property->CheckArgumentCount(1, 1) < 0) return false;            // the reason is already
-///         reported if (!property->GetArgInteger(0, 0, 0, value)) return false; return
-///         property->SetResultInteger(value * 2);
+///         if (property->CheckArgumentCount(1, 1) < 0) return false;  // the reason is already reported
+///         if (!property->GetArgInteger(0, 0, 0, value)) return false;
+///         return property->SetResultInteger(value * 2);
 ///     }
 /// };
 /// @endcode
@@ -35,7 +35,9 @@ public:
     /// @param nameSpace      tells providers of the same command apart; empty when there is just one.
     CMacroCategoryBase(const char* category, const char* property, bool canAssignSrc, bool canAssignDest,
                        const char* nameSpace);
+    /// The copy points to the same texts and finds the commands of the same file, without being one.
     CMacroCategoryBase(const CMacroCategoryBase& other);
+    /// As the copy constructor.
     CMacroCategoryBase& operator=(const CMacroCategoryBase& other);
     virtual ~CMacroCategoryBase();
 

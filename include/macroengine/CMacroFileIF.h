@@ -31,8 +31,8 @@ class CMacroCategoryBase;
 class MACROENGINE_API CMacroFileIF {
 public:
     CMacroFileIF();
-    CMacroFileIF(const CMacroFileIF& other);
-    CMacroFileIF& operator=(const CMacroFileIF& other);
+    CMacroFileIF(const CMacroFileIF& other);             ///< There is no data to copy.
+    CMacroFileIF& operator=(const CMacroFileIF& other);  ///< There is no data to copy.
     virtual ~CMacroFileIF();
 
     /// Reads a macro file and the files that it includes, and adds their statements to the program.

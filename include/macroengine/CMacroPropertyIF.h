@@ -29,8 +29,8 @@
 class MACROENGINE_API CMacroPropertyIF {
 public:
     CMacroPropertyIF();
-    CMacroPropertyIF(const CMacroPropertyIF& other);
-    CMacroPropertyIF& operator=(const CMacroPropertyIF& other);
+    CMacroPropertyIF(const CMacroPropertyIF& other);             ///< There is no data to copy.
+    CMacroPropertyIF& operator=(const CMacroPropertyIF& other);  ///< There is no data to copy.
     virtual ~CMacroPropertyIF();
 
     /// @return the number of arguments when it lies in [min, max]; otherwise -1 and

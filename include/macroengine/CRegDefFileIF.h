@@ -35,8 +35,8 @@
 class MACROENGINE_API CRegDefFileIF {
 public:
     CRegDefFileIF();
-    CRegDefFileIF(const CRegDefFileIF& other);
-    CRegDefFileIF& operator=(const CRegDefFileIF& other);
+    CRegDefFileIF(const CRegDefFileIF& other);             ///< There is no data to copy.
+    CRegDefFileIF& operator=(const CRegDefFileIF& other);  ///< There is no data to copy.
     virtual ~CRegDefFileIF();
 
     /// Reads a file and adds its registers to those that are there.

@@ -25,8 +25,8 @@
 class MACROENGINE_API CRegFieldsIF {
 public:
     CRegFieldsIF();
-    CRegFieldsIF(const CRegFieldsIF& other);
-    CRegFieldsIF& operator=(const CRegFieldsIF& other);
+    CRegFieldsIF(const CRegFieldsIF& other);             ///< There is no data to copy.
+    CRegFieldsIF& operator=(const CRegFieldsIF& other);  ///< There is no data to copy.
     virtual ~CRegFieldsIF();
 
     /// @return line-based: the number of the register's line, counted from 1. Sectioned: 0.

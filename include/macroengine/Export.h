@@ -6,6 +6,7 @@
 /// A host defines nothing to use the shared library. It defines `MACROENGINE_STATIC` to link the library
 /// statically. `MACROENGINE_BUILDING` is defined by the library's own build alone.
 
+/// The mark of what the library exports.
 #if defined(MACROENGINE_STATIC)
 #define MACROENGINE_API
 #elif defined(_WIN32)

@@ -8,4 +8,4 @@
 /// in either order of inclusion.
 
 struct HWND__;
-typedef struct HWND__* HWND;
+typedef struct HWND__* HWND;  ///< A window, opaque to the engine.
