@@ -1,39 +1,73 @@
 """What the documents show is true: their macros and programs are there, and give the output that is shown.
 
-    ```macro NAME     a file of that name, for the commands that follow in the same document
-    ```file NAME      the same for a file that is no macro
-    ```cpp PATH       the very text of a file of the project
-    ```console        lines that begin with "$ ", each followed by what it prints
+    ```macro NAME       a file of that name, for the commands that follow in the same document; one of the project's
+                        own when it has a file of that name
+    ```file NAME        the same for a file that is no macro
+    ```cpp PATH         the text of a file of the project, or a part of it
+    ```cmake PATH       the same
+    ```console          lines that begin with "$ ", each followed by what it prints
+
+What is marked "installed" instead runs with the installed library: see tests/package/documents_test.py.
 """
 
 import pathlib
 import re
 import shlex
 import subprocess
+import textwrap
 import unittest
 
+import documents
 from cli_support import MACROCTL, SOURCE_DIR, TIMEOUT_SECONDS, CliTest
 
-BLOCK = re.compile(r"^```(macro|file|cpp|console)(?: (\S+))?\n(.*?)^```$", re.MULTILINE | re.DOTALL)
+
+def is_part(part: str, whole: str) -> bool:
+    """Whether the lines of the part follow each other in the whole, perhaps with a deeper indentation."""
+    return any(f"\n{textwrap.indent(part, ' ' * depth)}" in f"\n{whole}" for depth in range(0, 20, 4))
 
 
 class DocumentationTest(CliTest):
-    def test_documents(self) -> None:
-        for document in [SOURCE_DIR / "README.md", *sorted((SOURCE_DIR / "docs").glob("*.md"))]:
-            for kind, name, text in BLOCK.findall(document.read_text(encoding="utf-8")):
-                with self.subTest(document=document.name, kind=kind, name=name or text.splitlines()[0]):
-                    if kind == "console":
-                        self.check_console(text)
-                    elif name and kind in ("macro", "file"):
-                        self.write(name, text)
-                    elif name:
-                        self.assertEqual(text, (SOURCE_DIR / name).read_text(encoding="utf-8"))
+    def test_examples_are_true(self) -> None:
+        for document in documents.documents():
+            for block in documents.blocks(document):
+                with self.subTest(document=document.name, block=block.name or block.text.splitlines()[0]):
+                    self.check(block)
 
-    def test_local_links_lead_somewhere(self) -> None:
-        for document in [SOURCE_DIR / "README.md", *sorted((SOURCE_DIR / "docs").glob("*.md"))]:
-            for link in re.findall(r"\]\(([^)#]+)", document.read_text(encoding="utf-8")):
-                if "://" not in link:
-                    self.assertTrue((document.parent / link).exists(), f"{document.name}: {link}")
+    def test_links_lead_somewhere(self) -> None:
+        for document in documents.documents():
+            for path, anchor in documents.links(document):
+                with self.subTest(document=document.name, link=f"{path}#{anchor}"):
+                    target = document.parent / path if path else document
+                    self.assertTrue(target.exists())
+                    if anchor:
+                        self.assertIn(anchor, documents.anchors(target))
+
+    def test_each_document_is_linked(self) -> None:
+        linked: dict[pathlib.Path, set[pathlib.Path]] = {}
+        for document in documents.documents():
+            for path, _ in documents.links(document):
+                linked.setdefault((document.parent / path).resolve(), set()).add(document.resolve())
+        readme = (SOURCE_DIR / "README.md").resolve()
+        for document in documents.documents():
+            if document.resolve() != readme:
+                with self.subTest(document=document.name):
+                    linking = linked.get(document.resolve(), set()) - {document.resolve()}
+                    self.assertIn(readme, linking)
+                    if document.parent != SOURCE_DIR:
+                        self.assertGreater(len(linking), 1, "no other document leads here")
+
+    def check(self, block: documents.Block) -> None:
+        if block.name == "installed":
+            return
+        if block.kind == "console":
+            self.check_console(block.text)
+        elif block.name and block.kind in ("macro", "file"):
+            original = SOURCE_DIR / block.name
+            if original.exists():
+                self.assertEqual(block.text, documents.read(original))
+            self.write(block.name, block.text)
+        elif block.name and block.kind in ("cpp", "cmake"):
+            self.assertTrue(is_part(block.text, documents.read(SOURCE_DIR / block.name)), block.text)
 
     def check_console(self, text: str) -> None:
         for part in re.split(r"^\$ ", text, flags=re.MULTILINE)[1:]:
