@@ -21,7 +21,7 @@ set(DOXYGEN_WARN_AS_ERROR FAIL_ON_WARNINGS)
 doxygen_add_docs(docs "${PROJECT_SOURCE_DIR}/include/macroengine" "${CMAKE_CURRENT_LIST_DIR}/api-pages.md"
     WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}/include" COMMENT "The pages about the interface")
 
-if(MACROENGINE_BUILD_TESTS)
+if(MACROENGINE_BUILD_TESTS AND NOT MACROENGINE_SANITIZE)
     add_test(NAME checks.api_pages
         COMMAND $<TARGET_FILE:Doxygen::doxygen> "${PROJECT_BINARY_DIR}/Doxyfile.docs"
         WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}/include")

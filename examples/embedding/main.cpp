@@ -34,7 +34,7 @@ public:
         if (property->CheckArgumentCount(1, 1) < 0) return false;
         const char* const text = property->GetArgString(0);
         if (text == nullptr) return false;  // the reason is already reported
-        lines_.push_back(text);
+        lines_.emplace_back(text);
         return true;
     }
 
