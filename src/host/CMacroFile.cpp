@@ -76,6 +76,8 @@ bool CMacroFile::Load(const char* path) {
 bool CMacroFile::Run() {
     const ActivityGuard guard(*this, Activity::Running);
     if (!guard.IsTaken()) return RefuseRun();
+    // What a run before this one had no memory to hand over says nothing about this one.
+    program_.GetErrors().Clear();
     program_.SetSourcePath(filePath_);
     commands_.BeginRun();
     if (program_.Run()) return true;

@@ -146,8 +146,11 @@ bool CMacroPrg::RunGroups() {
     ResolveWorkDirectory();
     // A copy, as a command may set another work directory for the run that follows.
     runWorkDirectory_ = workDirectory_;
-    for (SourceUnit& unit : units_)
+    for (SourceUnit& unit : units_) {
         unit.workFolder = &runWorkDirectory_;
+        // A run that ended without memory may have left lines that nobody collected.
+        unit.errors.Clear();
+    }
     passedError_ = false;
 
     const bool usesPlans = usesPlans_ && !HasBreakpoints();
