@@ -15,6 +15,7 @@ CRegDefFile::~CRegDefFile() = default;
 
 bool CRegDefFile::Load(const char* path) {
     const std::string file = path == nullptr ? "" : path;
+    const LoadGuard guard(contents_);
     // The text of the file goes with the lexer at the end: what is kept of it has been copied.
     CLex lexer;
     if (!lexer.LoadFile(file)) {

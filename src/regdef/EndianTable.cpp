@@ -12,9 +12,10 @@ constexpr std::uint32_t kFirstLittleEndianByRule = 0x3000;
 
 void EndianTable::Enter(std::uint32_t first, std::uint32_t last, bool isBigEndian) {
     if (orders_.empty()) {
-        orders_.assign(kLastAddress + 1, Order::Unknown);
+        // The orders come last, because they say whether the table is there.
         searchFrom_.resize(kLastAddress + 2);
         std::iota(searchFrom_.begin(), searchFrom_.end(), 0U);
+        orders_.assign(kLastAddress + 1, Order::Unknown);
     }
     for (std::uint32_t address = FirstFree(first); address <= last; address = FirstFree(address)) {
         orders_[address] = isBigEndian ? Order::Big : Order::Little;

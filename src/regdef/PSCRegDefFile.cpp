@@ -128,6 +128,7 @@ PSCRegDefFile::~PSCRegDefFile() = default;
 
 bool PSCRegDefFile::Load(const char* path) {
     const std::string file = path == nullptr ? "" : path;
+    const LoadGuard guard(contents_);
     LineReader lines;
     if (!lines.Open(file)) {
         contents_.errors.AddError("File open error. (" + file + ")");

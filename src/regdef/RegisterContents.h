@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <deque>
+#include <exception>
 #include <vector>
 
 #include "host/CErrorMessageTable.h"
@@ -19,6 +21,33 @@ struct RegisterContents {
     std::vector<RegisterColumn> columns;
     std::vector<const char*> preamble;
     TextPool texts;  ///< the texts of records and preamble
+};
+
+/// Belongs to one load: when the load runs out of memory, what it has gathered goes again. A part of a header
+/// line would stay in force for the load that follows.
+class LoadGuard {
+public:
+    explicit LoadGuard(RegisterContents& contents)
+        : contents_(contents),
+          records_(contents.records.size()),
+          columns_(contents.columns.size()),
+          preamble_(contents.preamble.size()),
+          exceptions_(std::uncaught_exceptions()) {}
+    LoadGuard(const LoadGuard&) = delete;
+    LoadGuard& operator=(const LoadGuard&) = delete;
+    ~LoadGuard() {
+        if (std::uncaught_exceptions() == exceptions_) return;
+        contents_.records.resize(records_);
+        contents_.columns.resize(columns_);
+        contents_.preamble.resize(preamble_);
+    }
+
+private:
+    RegisterContents& contents_;
+    std::size_t records_;
+    std::size_t columns_;
+    std::size_t preamble_;
+    int exceptions_;
 };
 
 }  // namespace macroengine
