@@ -10,34 +10,50 @@
 
 namespace macroengine::test {
 
+/// What happens after the first allocation that fails.
+enum class Failing { ForEver, Once };
+
 /// What the allocation functions do on this thread.
 struct AllocationPolicy {
     long allowed = -1;  ///< allocations that still succeed; negative for any number
     std::size_t limit = std::numeric_limits<std::size_t>::max();  ///< the largest request that succeeds
-    long count = 0;                                               ///< of all requests
+    Failing failing = Failing::ForEver;
+    long count = 0;     ///< of all requests
+    long failures = 0;  ///< of those that were refused
 };
 
 inline thread_local AllocationPolicy allocationPolicy;
 
-/// Lets this thread's allocations fail as long as the object lives: those after the first `allowed`, and
-/// those of more than `limit` bytes.
+/// Lets this thread's allocations fail as long as the object lives: those after the first `allowed` (or only
+/// the one after them), and those of more than `limit` bytes.
 class FailingAllocation {
 public:
     explicit FailingAllocation(long allowed, std::size_t limit = std::numeric_limits<std::size_t>::max()) {
-        allocationPolicy = {allowed, limit, 0};
+        allocationPolicy.allowed = allowed;
+        allocationPolicy.limit = limit;
+    }
+    FailingAllocation(long allowed, Failing failing) {
+        allocationPolicy.allowed = allowed;
+        allocationPolicy.failing = failing;
     }
     ~FailingAllocation() { allocationPolicy = {}; }
     FailingAllocation(const FailingAllocation&) = delete;
     FailingAllocation& operator=(const FailingAllocation&) = delete;
 
     static long GetCount() { return allocationPolicy.count; }
+    static long GetFailures() { return allocationPolicy.failures; }
 };
 
 inline void* AllocateByPolicy(std::size_t size) {
     AllocationPolicy& policy = allocationPolicy;
     ++policy.count;
-    if (policy.allowed == 0 || size > policy.limit) return nullptr;
+    const bool isRefused = policy.allowed == 0 || size > policy.limit;
     if (policy.allowed > 0) --policy.allowed;
+    if (isRefused) {
+        if (policy.failing == Failing::Once) policy.allowed = -1;
+        ++policy.failures;
+        return nullptr;
+    }
     return std::malloc(size == 0 ? 1 : size);
 }
 
