@@ -1,4 +1,5 @@
-# The installed tree: headers, library, macroctl, a CMake package and a pkg-config file.
+# The installed tree: headers, library, a CMake package and a pkg-config file; macroctl with its manual page and the
+# completion for bash; licence and examples.
 
 # Everywhere the same folder, which is also the one that macroctl's run path names.
 set(CMAKE_INSTALL_LIBDIR lib CACHE PATH "Folder of the libraries")
@@ -14,7 +15,15 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/macroengine" DESTINATION "${CMA
     FILES_MATCHING PATTERN "*.h")
 if(TARGET macroctl)
     install(TARGETS macroctl RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+    if(NOT WIN32)
+        install(FILES "${PROJECT_SOURCE_DIR}/docs/man/macroctl.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+        install(FILES "${PROJECT_SOURCE_DIR}/tools/macroctl/completion/macroctl.bash" RENAME macroctl
+            DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
+    endif()
 endif()
+install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+    PATTERN CMakeLists.txt EXCLUDE)
 
 configure_package_config_file("${CMAKE_CURRENT_LIST_DIR}/macroengine-config.cmake.in"
     "${PROJECT_BINARY_DIR}/package/macroengine-config.cmake" INSTALL_DESTINATION "${packageDir}")
