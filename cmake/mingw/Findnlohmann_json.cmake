@@ -1,0 +1,5 @@
+include(HostHeaders)
+use_host_headers(nlohmann_json::nlohmann_json nlohmann)
+
+include(FindPackageHandleStandardArgs)
+find_package_handle_standard_args(nlohmann_json REQUIRED_VARS nlohmann_HOST_HEADERS)
