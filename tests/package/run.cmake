@@ -84,7 +84,7 @@ if(macroctl)
     run(${EMULATOR} "${macroctl}" run --registers "${examples}/registers/amplifier.rgi"
         "${examples}/scripts/bringup.mac")
     string(REPLACE "\r\n" "\n" output "${output}")
-    file(READ "${sourceDir}/tests/cli/bringup.expected" expected)
+    file(READ "${sourceDir}/tests/cli/golden/examples/bringup.mac.expected" expected)
     expect("The demo's output" "${expected}" "${output}")
 
     if(NOT TOOLCHAIN)

@@ -29,10 +29,12 @@ inline thread_local AllocationPolicy allocationPolicy;
 class FailingAllocation {
 public:
     explicit FailingAllocation(long allowed, std::size_t limit = std::numeric_limits<std::size_t>::max()) {
+        allocationPolicy = {};
         allocationPolicy.allowed = allowed;
         allocationPolicy.limit = limit;
     }
     FailingAllocation(long allowed, Failing failing) {
+        allocationPolicy = {};
         allocationPolicy.allowed = allowed;
         allocationPolicy.failing = failing;
     }

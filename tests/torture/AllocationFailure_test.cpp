@@ -44,9 +44,8 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(AllocationFailure, AllocationFailure,
-                         ::testing::Values(Failing::Once, Failing::ForEver), [](const auto& test) {
-                             return test.param == Failing::Once ? "Once" : "ForEver";
-                         });
+                         ::testing::Values(Failing::Once, Failing::ForEver),
+                         [](const auto& test) { return test.param == Failing::Once ? "Once" : "ForEver"; });
 
 /// A macro file with every feature, which goes on after errors.
 class FeatureHost {
@@ -120,8 +119,9 @@ TEST_P(AllocationFailure, ALoadMayBeRepeated) {
 TEST_P(AllocationFailure, AProgramMayBeStartedAgain) {
 #if defined(__linux__)
     MacroHost host;
-    ASSERT_TRUE(host.Load("code = system.command_exec(5, \"/bin\", \"sh\", \"-c\", \"\\\"exit 7\\\"\")\n"
-                          "test.put(code)\n"));
+    ASSERT_TRUE(
+        host.Load("code = system.command_exec(5, \"/bin\", \"sh\", \"-c\", \"\\\"exit 7\\\"\")\n"
+                  "test.put(code)\n"));
     bool succeeded = false;
     for (long allowed = 0; !succeeded; ++allowed) {
         ASSERT_LT(allowed, kMostAllocations);
@@ -200,7 +200,8 @@ constexpr const char* kSectioned =
     "OFFSET,0x11,0x21,4,4,RO,\"an \\\"escaped\\\" text of some length\",several words in a row\n";
 
 constexpr const char* kLineBased =
-    "HiAddress 12 // upper\nHiAddress wrong\nGAIN_WITH_A_NAME_OF_SOME_LENGTH h1Fr 34 0 8 // 5 % of all that there is\n"
+    "HiAddress 12 // upper\nHiAddress wrong\nGAIN_WITH_A_NAME_OF_SOME_LENGTH h1Fr 34 0 8 // 5 % of all that "
+    "there is\n"
     "//. a note that belongs to the register above, and is long\n//.and another\n\n"
     "VAL u12*(0.5)+3 10034 0 8 33 0 4\nBAD value 1 2 3\nNEG -5 10 0 4\nNEG2 3 10 4 4\n";
 
@@ -268,8 +269,8 @@ TEST_P(AllocationFailure, ARegisterFileMayBeLoadedAgain) {
 
 TEST_P(AllocationFailure, AnEncodedMacroMayBeLoadedAgain) {
     MacroHost host;
-    const std::string path = host.GetFolder().Write("a.iod", test::EncodedLine("test.put(1)") + "\n" +
-                                                                test::EncodedLine("test.put(\"a text\")") + "\n");
+    const std::string path = host.GetFolder().Write(
+        "a.iod", test::EncodedLine("test.put(1)") + "\n" + test::EncodedLine("test.put(\"a text\")") + "\n");
     bool succeeded = false;
     for (long allowed = 0; !succeeded; ++allowed) {
         ASSERT_LT(allowed, kMostAllocations);

@@ -10,7 +10,8 @@ namespace macroengine::test {
 /// that it needs. It sets all that it uses, so each of its runs gives the same.
 /// @return the path.
 inline std::string WriteMacroOfEveryFeature(const TemporaryFolder& folder) {
-    folder.Write("table.csv", "name,value\r\n\"a, \"\"b\"\"\",0x1F\r\nlong text of a cell,-2.5\r\n\r\n7,7\r\n");
+    folder.Write("table.csv",
+                 "name,value\r\n\"a, \"\"b\"\"\",0x1F\r\nlong text of a cell,-2.5\r\n\r\n7,7\r\n");
     folder.Write("definitions.mac",
                  "#define LIMIT 3\n"
                  "#define TWICE_A_LONG_NAME LIMIT + 4\n"
