@@ -48,6 +48,7 @@ public:
 
     std::int32_t GetGroupCount() const { return static_cast<std::int32_t>(groupStarts_.size()); }
     const std::vector<std::unique_ptr<CMacroStatementBase>>& GetStatements() const { return statements_; }
+    ProgramText GetText() const { return {statements_, groupStarts_}; }
     VariableTable& GetVariables() { return variables_; }
     CErrorMessageTable& GetErrors() { return errors_; }
 

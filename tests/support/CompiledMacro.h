@@ -116,6 +116,9 @@ public:
         return found == nullptr ? "undefined" : Describe(found->value);
     }
 
+    CMacroPrg& GetProgram() { return program_; }
+    CMacroCategoryCmdList& GetCommands() { return commands_; }
+
     std::string Listing() { return ListProgram(program_); }
     std::int32_t GetGroupCount() const { return program_.GetGroupCount(); }
     const Lines& GetCalls() const { return calls_; }
