@@ -1,6 +1,6 @@
 # What one types every day. CMakePresets.json holds the builds, docs/building.md the explanations.
 
-.PHONY: build demo test docs bench performance check-format format tidy clean install-dependencies
+.PHONY: build demo test package docs bench performance check-format format tidy clean install-dependencies
 
 build:
 	cmake --preset release
@@ -34,6 +34,10 @@ docs:
 	@cmake --preset release >/dev/null
 	@cmake --build --preset release --target docs
 	@echo build/release/api/index.html
+
+package:
+	@scripts/install_dependencies
+	@scripts/make_packages release
 
 check-format:
 	@scripts/check_format

@@ -36,7 +36,7 @@ _macroctl_complete() {
             return ;;
     esac
     if [[ $word == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$(_macroctl_options "$program" $subcommand)" -- "$word")
+        mapfile -t COMPREPLY < <(compgen -W "$(_macroctl_options "$program" ${subcommand:+"$subcommand"})" -- "$word")
     elif [[ -z $subcommand ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$subcommands" -- "$word")
     else
