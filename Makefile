@@ -37,7 +37,7 @@ docs:
 
 package:
 	@scripts/install_dependencies
-	@scripts/make_packages release
+	@scripts/make_packages release windows
 
 check-format:
 	@scripts/check_format
