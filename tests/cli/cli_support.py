@@ -54,9 +54,10 @@ class CliTest(unittest.TestCase):
     def macroctl(self, *arguments: str, **options) -> Result:
         return self.execute(str(MACROCTL), *arguments, **options)
 
-    def execute(self, *command: str, cwd: pathlib.Path | None = None) -> Result:
+    def execute(self, *command: str, cwd: pathlib.Path | None = None, text: str = "") -> Result:
+        """Runs a program with the text as its standard input."""
         done = subprocess.run(
-            command, cwd=cwd or self.folder, stdin=subprocess.DEVNULL, capture_output=True, encoding="utf-8",
+            command, cwd=cwd or self.folder, input=text, capture_output=True, encoding="utf-8",
             timeout=TIMEOUT_SECONDS, check=False)
         return Result(done.returncode, done.stdout, done.stderr)
 

@@ -1,8 +1,15 @@
 """Wrong usage ends with status 2 and a word about the reason; help and version are no errors."""
 
+import os
+import re
+import shutil
+import subprocess
 import unittest
 
-from cli_support import CliTest, SOURCE_DIR
+from cli_support import MACROCTL, SOURCE_DIR, TIMEOUT_SECONDS, CliTest
+
+# Of the example that shows it.
+TRACE = "bus 2-wire write 0x0010 <- 0x01\nbus 2-wire write 0x0010 <- 0x00\n"
 
 
 class UsageTest(CliTest):
@@ -54,8 +61,8 @@ class UsageTest(CliTest):
             (["--help"], ["run", "check", "registers", "diff", "encode", "decode", "--version", "Exit status",
                           "aborted"]),
             (["run", "--help"], ["FILE", "--work-dir", "--namespace", "--plugin", "--board", "--registers",
-                                 "--keep-going", "--trace-bus", "bus 2-wire write 0x0010 <- 0x3C"]),
-            (["check", "--help"], ["FILE", "--namespace", "--plugin", "--board", "--registers"]),
+                                 "--keep-going", "--trace-bus", "--format", "bus 2-wire write 0x0010 <- 0x3C"]),
+            (["check", "--help"], ["FILE", "--namespace", "--plugin", "--board", "--registers", "--format"]),
             (["registers", "--help"], ["FILE", "--format", "table", "listing", "csv", "json", "markdown", "html",
                                        "c-header", "svd", "--psc", "--merge", "Exit status"]),
             (["diff", "--help"], ["OLD", "NEW", "--format", "json", "--psc", "Exit status", "breaking"]),
@@ -69,6 +76,44 @@ class UsageTest(CliTest):
                     self.assertIn(word, result.out)
                 if len(arguments) == 2:
                     self.assertRegex(result.out, rf"Examples?:\n  macroctl {arguments[0]} ")
+
+    @unittest.skipIf(os.name == "nt", "the examples are lines of a POSIX shell")
+    def test_the_examples_of_the_help_run(self) -> None:
+        examples = SOURCE_DIR / "examples"
+        for file in [*(examples / "scripts").iterdir(), examples / "registers" / "amplifier.rgi"]:
+            shutil.copy(file, self.folder)
+        for edition in ["amplifier-1.rgi", "amplifier-2.rgi"]:
+            shutil.copy(self.folder / "amplifier.rgi", self.folder / edition)
+        self.write("blink.mac", "board.write(0x10, 1)\nboard.write(0x10, 0)\n")
+        search = {"PATH": f"{MACROCTL.parent}{os.pathsep}{os.environ['PATH']}"}
+        for subcommand in ["", "run", "check", "registers", "diff", "encode", "decode"]:
+            text = self.macroctl(*subcommand.split(), "--help").out
+            found = re.search(r"^Examples?:\n((?:  .*\n)+)", text, re.MULTILINE)
+            self.assertIsNotNone(found, text)
+            for line in found[1].splitlines():
+                with self.subTest(line):
+                    self.assertIn(f"macroctl {subcommand}", line)
+                    done = subprocess.run(
+                        line, shell=True, cwd=self.folder, env={**os.environ, **search}, capture_output=True,
+                        encoding="utf-8", timeout=TIMEOUT_SECONDS, check=False)
+                    self.assertEqual((done.returncode, done.stderr.replace(TRACE, "")), (0, ""))
+
+    def test_a_mistyped_word_is_answered_with_the_one_that_may_be_meant(self) -> None:
+        for arguments, reason in [
+            (["chekc", "a.mac"], 'there is no subcommand chekc, did you mean "check"?'),
+            (["Run", "a.mac"], 'there is no subcommand Run, did you mean "run"?'),
+            (["regsiters", "--merge"], 'there is no subcommand regsiters, did you mean "registers"?'),
+            (["run", "--bord", "a.mac"], 'there is no option --bord, did you mean "--board"?'),
+            (["run", "a.mac", "--keepgoing"], 'there is no option --keepgoing, did you mean "--keep-going"?'),
+            (["check", "--namspace=lab", "a.mac"], 'there is no option --namspace, did you mean "--namespace"?'),
+            (["--verson"], 'there is no option --verson, did you mean "--version"?'),
+            (["run", "--format", "jsno", "a.mac"], '--format: there is no format named jsno, did you mean "json"?'),
+            (["walk"], "The following argument was not expected: walk"),
+            (["run", "a.mac", "check"], "The following argument was not expected: check"),
+        ]:
+            with self.subTest(arguments):
+                self.assert_result(
+                    self.macroctl(*arguments), 2, err=f"macroctl: {reason}\nRun with --help for more information.\n")
 
     def test_options_may_stand_before_and_behind_the_file(self) -> None:
         name = self.write("a.mac", 'board.print("x")\n')

@@ -2,6 +2,10 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <string>
+#include <vector>
+
+#include "text/Similar.h"
 
 #ifndef MACROENGINE_VERSION
 #define MACROENGINE_VERSION "unknown version"
@@ -12,6 +16,12 @@ namespace macroctl {
 namespace {
 
 const char kFooter[] =
+    "Examples:\n"
+    "  macroctl run --registers amplifier.rgi bringup.mac\n"
+    "  macroctl check --registers amplifier.rgi bringup.mac\n"
+    "  macroctl registers amplifier.rgi\n"
+    "  macroctl run --help\n"
+    "\n"
     "Exit status:\n"
     "  0  all went well: the macro ran to its end, the files have no findings\n"
     "  1  a file can't be read, compiled or run, or has findings\n"
@@ -20,6 +30,32 @@ const char kFooter[] =
     "diff answers with statuses of its own: see macroctl diff --help.\n"
     "\n"
     "A macro can write files and start programs: run only macros that you trust.\n";
+
+/// @return what is wrong with the first argument that nobody expected, when a similar one exists.
+std::string MistypedArgument(const CLI::App& app) {
+    const std::vector<std::string> unexpected = app.remaining(true);
+    if (unexpected.empty()) return {};
+    const std::string written = unexpected.front().substr(0, unexpected.front().find('='));
+    const std::vector<CLI::App*> chosen = app.get_subcommands();
+    const bool isOption = written.front() == '-';
+    std::vector<std::string> names;
+    if (isOption) {
+        for (const CLI::Option* option : (chosen.empty() ? app : *chosen.front()).get_options()) {
+            for (const std::string& name : option->get_lnames())
+                names.push_back("--" + name);
+        }
+    } else if (chosen.empty()) {
+        for (const CLI::App* subcommand : app.get_subcommands(nullptr))
+            names.push_back(subcommand->get_name());
+    }
+
+    Similar similar(written);
+    for (const std::string& name : names)
+        similar.Offer(name);
+    if (similar.Best().empty()) return {};
+    return std::string("there is no ") + (isOption ? "option " : "subcommand ") + written +
+           DidYouMean(similar.Best());
+}
 
 }  // namespace
 
@@ -46,7 +82,9 @@ std::optional<ExitStatus> ParseCommandLine(int argc, char** argv, Action& chosen
             app.exit(error);  // writes the help text or the version
             return kExitDone;
         }
-        std::fprintf(stderr, "macroctl: %s\nRun with --help for more information.\n", error.what());
+        const std::string mistyped = MistypedArgument(app);
+        std::fprintf(stderr, "macroctl: %s\nRun with --help for more information.\n",
+                     mistyped.empty() ? error.what() : mistyped.c_str());
         return kExitUsage;
     }
     return std::nullopt;

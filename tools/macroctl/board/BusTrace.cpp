@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "macro/Console.h"
+
 namespace macroctl {
 
 namespace {
@@ -10,15 +12,15 @@ const char* WireText(BusKind bus) {
     return bus == BusKind::TwoWire ? "2-wire" : "3-wire";
 }
 
-void WriteLine(BusKind bus, const char* direction, std::uint32_t address, const char* arrow,
-               std::uint8_t value) {
+}  // namespace
+
+void BusTrace::WriteLine(BusKind bus, const char* direction, std::uint32_t address, const char* arrow,
+                         std::uint8_t value) {
     char line[64];
     std::snprintf(line, sizeof line, "bus %s %s 0x%04X %s 0x%02X\n", WireText(bus), direction,
                   static_cast<unsigned int>(address), arrow, static_cast<unsigned int>(value));
-    std::fputs(line, stderr);
+    console_.Trace(line);
 }
-
-}  // namespace
 
 std::uint8_t BusTrace::Read(BusKind bus, std::uint32_t address) {
     const std::uint8_t value = target_.Read(bus, address);

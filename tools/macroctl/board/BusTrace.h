@@ -4,6 +4,8 @@
 
 namespace macroctl {
 
+class Console;
+
 /// Passes every transaction on to another bus and writes a line about it to standard error.
 ///
 /// @code
@@ -13,13 +15,18 @@ namespace macroctl {
 class BusTrace : public RegisterBus {
 public:
     /// @param target  outlives this object.
-    explicit BusTrace(RegisterBus& target) : target_(target) {}
+    /// @param console  likewise.
+    BusTrace(RegisterBus& target, Console& console) : target_(target), console_(console) {}
 
     std::uint8_t Read(BusKind bus, std::uint32_t address) override;
     void Write(BusKind bus, std::uint32_t address, std::uint8_t value) override;
 
 private:
+    void WriteLine(BusKind bus, const char* direction, std::uint32_t address, const char* arrow,
+                   std::uint8_t value);
+
     RegisterBus& target_;
+    Console& console_;
 };
 
 }  // namespace macroctl

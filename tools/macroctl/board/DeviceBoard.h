@@ -10,9 +10,10 @@ namespace macroctl {
 /// A board with the registers of a device, which a macro may call by their names.
 class DeviceBoard : public Board {
 public:
-    /// @param map    outlives this object.
-    /// @param trace  whether each transaction is told on standard error.
-    DeviceBoard(const DeviceMap& map, bool trace);
+    /// @param map      outlives this object.
+    /// @param console  likewise.
+    /// @param trace    whether each transaction is told on standard error.
+    DeviceBoard(const DeviceMap& map, Console& console, bool trace);
     DeviceBoard(const DeviceBoard&) = delete;
     DeviceBoard& operator=(const DeviceBoard&) = delete;
 

@@ -3,13 +3,10 @@
 #include <macroengine/CMacroPropertyIF.h>
 
 #include "board/ArgumentValue.h"
-#include "board/BoardCommands.h"
 
 namespace macroctl {
 
 namespace {
-
-const char kNoNameSpace[] = "";
 
 constexpr unsigned int kHighestByte = 0xFF;
 
@@ -17,10 +14,7 @@ constexpr unsigned int kHighestByte = 0xFF;
 
 DeviceCommand::DeviceCommand(const char* name, bool givesValue, Operation operation,
                              const DeviceAccess& access, BusKind kind)
-    : CMacroCategoryBase(kBoardCategory, name, givesValue, false, kNoNameSpace),
-      access_(access),
-      kind_(kind),
-      operation_(operation) {}
+    : BoardCommand(name, givesValue, access.console), access_(access), kind_(kind), operation_(operation) {}
 
 bool DeviceCommand::Accept(CMacroPropertyIF& property, const std::string& reason) const {
     if (reason.empty()) return true;
@@ -45,39 +39,39 @@ bool DeviceCommand::FindTarget(CMacroPropertyIF& property, const Register*& reg,
 DeviceReadCommand::DeviceReadCommand(const char* name, const DeviceAccess& access, BusKind kind)
     : DeviceCommand(name, true, Operation::Read, access, kind) {}
 
-bool DeviceReadCommand::Run(CMacroPropertyIF* property) {
+bool DeviceReadCommand::Execute(CMacroPropertyIF& property) {
     const Register* reg = nullptr;
     std::uint32_t address = 0;
-    if (property->CheckArgumentCount(1, 1) < 0) return false;
-    if (!FindTarget(*property, reg, address)) return false;
-    if (reg == nullptr) return property->SetResultInteger(access_.bus.Read(kind_, address));
+    if (property.CheckArgumentCount(1, 1) < 0) return false;
+    if (!FindTarget(property, reg, address)) return false;
+    if (reg == nullptr) return property.SetResultInteger(access_.bus.Read(kind_, address));
 
     std::uint32_t value = 0;
     ForEachPart(*reg, reg->On(kind_), [&](const RegisterPart& part) {
         const unsigned int bits = access_.bus.Read(kind_, part.address) & part.Mask();
         value |= std::uint32_t{bits} >> part.lsb << part.firstBit;
     });
-    return property->SetResultInteger(static_cast<int>(value));
+    return property.SetResultInteger(static_cast<int>(value));
 }
 
 DeviceWriteCommand::DeviceWriteCommand(const char* name, Operation operation, const DeviceAccess& access,
                                        BusKind kind)
     : DeviceCommand(name, false, operation, access, kind), presets_(operation == Operation::Preset) {}
 
-bool DeviceWriteCommand::Run(CMacroPropertyIF* property) {
+bool DeviceWriteCommand::Execute(CMacroPropertyIF& property) {
     const Register* reg = nullptr;
     std::uint32_t address = 0;
     int value = 0;
-    if (property->CheckArgumentCount(2, 2) < 0) return false;
-    if (!FindTarget(*property, reg, address)) return false;
+    if (property.CheckArgumentCount(2, 2) < 0) return false;
+    if (!FindTarget(property, reg, address)) return false;
     if (reg == nullptr) {
-        if (!property->GetArgInteger(1, 0, kHighestByte, value)) return false;
+        if (!property.GetArgInteger(1, 0, kHighestByte, value)) return false;
         Store(address, static_cast<std::uint8_t>(value));
         return true;
     }
 
-    if (!property->GetArgInteger(1, 0, 0, value)) return false;
-    if (!Accept(*property, DeviceMap::ReasonAgainstValue(*reg, value))) return false;
+    if (!property.GetArgInteger(1, 0, 0, value)) return false;
+    if (!Accept(property, DeviceMap::ReasonAgainstValue(*reg, value))) return false;
     const auto bits = static_cast<std::uint32_t>(value);
     ForEachPart(*reg, reg->On(kind_), [&](const RegisterPart& part) {
         const int others = access_.registers.Peek(kind_, part.address) & ~part.Mask();

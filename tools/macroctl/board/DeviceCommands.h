@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include <macroengine/CMacroCategoryBase.h>
-
+#include "board/BoardCommand.h"
 #include "board/DeviceMap.h"
 #include "board/DeviceRegisters.h"
 
@@ -14,10 +13,11 @@ struct DeviceAccess {
     const DeviceMap& map;
     DeviceRegisters& registers;
     RegisterBus& bus;  ///< leads to `registers`
+    Console& console;
 };
 
 /// A command whose first argument is a register's name or an address.
-class DeviceCommand : public CMacroCategoryBase {
+class DeviceCommand : public BoardCommand {
 protected:
     /// @param name  the command's name; a literal.
     DeviceCommand(const char* name, bool givesValue, Operation operation, const DeviceAccess& access,
@@ -45,7 +45,9 @@ private:
 class DeviceReadCommand : public DeviceCommand {
 public:
     DeviceReadCommand(const char* name, const DeviceAccess& access, BusKind kind);
-    bool Run(CMacroPropertyIF* property) override;
+
+private:
+    bool Execute(CMacroPropertyIF& property) override;
 };
 
 /// `board.write("NAME", value)` and `board.write(address, value)`; the same of `board.write3`, and of
@@ -54,9 +56,9 @@ class DeviceWriteCommand : public DeviceCommand {
 public:
     /// @param operation  Write or Preset.
     DeviceWriteCommand(const char* name, Operation operation, const DeviceAccess& access, BusKind kind);
-    bool Run(CMacroPropertyIF* property) override;
 
 private:
+    bool Execute(CMacroPropertyIF& property) override;
     void Store(std::uint32_t address, std::uint8_t value);
 
     const bool presets_;

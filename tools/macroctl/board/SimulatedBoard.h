@@ -10,8 +10,9 @@ namespace macroctl {
 /// A board of plain registers.
 class SimulatedBoard : public Board {
 public:
-    /// @param trace  whether each transaction is told on standard error.
-    explicit SimulatedBoard(bool trace);
+    /// @param console  outlives this object.
+    /// @param trace    whether each transaction is told on standard error.
+    SimulatedBoard(Console& console, bool trace);
     SimulatedBoard(const SimulatedBoard&) = delete;
     SimulatedBoard& operator=(const SimulatedBoard&) = delete;
 

@@ -3,8 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "commands/FormatOption.h"
 #include "commands/LanguageOptions.h"
 #include "commands/Subcommands.h"
+#include "io/JsonReport.h"
+#include "io/TextReport.h"
 #include "macro/Macro.h"
 
 namespace macroctl {
@@ -13,11 +16,12 @@ namespace {
 
 struct Options {
     std::vector<std::string> files;
+    std::string format = "text";
     LanguageOptions language;
 };
 
-ExitStatus Check(const Options& options) {
-    MacroEnvironment environment(options.language);
+ExitStatus Check(const Options& options, Report& report) {
+    MacroEnvironment environment(options.language, report);
     if (const auto refused = environment.Prepare()) return *refused;
     ExitStatus status = kExitDone;
     for (const std::string& file : options.files) {
@@ -29,21 +33,34 @@ ExitStatus Check(const Options& options) {
     return status;
 }
 
+ExitStatus Check(const Options& options) {
+    if (options.format == "json") {
+        JsonReport report;
+        return report.Finish(Check(options, report));
+    }
+    TextReport report;
+    return Check(options, report);
+}
+
 }  // namespace
 
 void AddCheck(CLI::App& app, Action& chosen) {
     const auto options = std::make_shared<Options>();
     CLI::App* check = app.add_subcommand("check", "Compile macro files without running them");
-    check->add_option("FILE", options->files, "Macro files, each compiled by itself")
+    check
+        ->add_option("FILE", options->files,
+                     "Macro files, each compiled by itself; - stands for standard input")
         ->required()
         ->option_text("... REQUIRED");
     AddLanguageOptions(*check, options->language);
+    AddFormatOption(*check, {"text", "json"}, options->format);
     check->footer(
         "With --registers the literal arguments of the board's commands are held against the register file:\n"
         "unknown names, values that don't fit, writes to what is read only, reads of what is write only.\n"
         "\n"
-        "Example:\n"
-        "  macroctl check --registers amplifier.rgi bringup.mac\n");
+        "Examples:\n"
+        "  macroctl check --registers amplifier.rgi bringup.mac\n"
+        "  macroctl check --board --format json blink.mac\n");
     check->callback([options, &chosen] { chosen = [options] { return Check(*options); }; });
 }
 

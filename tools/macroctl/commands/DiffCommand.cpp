@@ -2,8 +2,10 @@
 #include <memory>
 #include <string>
 
+#include "commands/FormatOption.h"
 #include "commands/Subcommands.h"
 #include "io/Output.h"
+#include "io/TextReport.h"
 #include "registers/Comparison.h"
 #include "registers/ComparisonText.h"
 #include "registers/RegisterFile.h"
@@ -22,8 +24,9 @@ struct Options {
 ExitStatus Compare(const Options& options) {
     const RegisterFile before(options.oldFile, options.reading);
     const RegisterFile after(options.newFile, options.reading);
-    before.ReportErrors();
-    after.ReportErrors();
+    TextReport report;
+    report.Add(before.Errors());
+    report.Add(after.Errors());
     // What couldn't be read would be called removed or added.
     if (!before.IsGood() || !after.IsGood()) return kExitUnreadable;
 
@@ -50,14 +53,7 @@ void AddDiff(CLI::App& app, Action& chosen) {
     command->add_option("NEW", options->newFile, "Register file to compare with it")
         ->required()
         ->option_text("REQUIRED");
-    command->add_option("--format", options->format, "text (the default) or json")
-        ->type_name("FORMAT")
-        ->option_text("FORMAT")
-        ->check(CLI::Validator(
-            [](std::string& name) {
-                return name == "text" || name == "json" ? std::string() : "there is no format named " + name;
-            },
-            ""));
+    AddFormatOption(*command, {"text", "json"}, options->format);
     command
         ->add_flag("--psc", options->reading.lineBased,
                    "Read both files as line-based ones; without it their content decides")

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "commands/Subcommands.h"
-#include "io/ErrorLines.h"
+#include "io/TextReport.h"
 #include "io/WholeFile.h"
 #include "text/SourceEncoding.h"
 
@@ -19,18 +19,20 @@ struct Options {
 };
 
 ExitStatus Convert(const Options& options, Conversion convert) {
-    ErrorLines errors;
     std::string bytes;
     std::string result;
+    std::string reason;
     ConversionError error;
     if (!ReadWholeFile(options.input, bytes)) {
-        errors.Add("error : File open error. (" + options.input + ")");
+        reason = "error : File open error. (" + options.input + ")";
     } else if (!convert(bytes, result, error)) {
-        errors.Add(options.input + "(" + std::to_string(error.line) + "): error : " + error.reason);
+        reason = options.input + "(" + std::to_string(error.line) + "): error : " + error.reason;
     } else if (!WriteWholeFile(options.output, result)) {
-        errors.Add("error : File write error. (" + options.output + ")");
+        reason = "error : File write error. (" + options.output + ")";
     }
-    return errors.IsEmpty() ? kExitDone : kExitFailed;
+    if (reason.empty()) return kExitDone;
+    TextReport().Add({reason});
+    return kExitFailed;
 }
 
 void Add(CLI::App& app, Action& chosen, const char* name, const char* description, const char* footer,
@@ -55,7 +57,7 @@ void AddEncode(CLI::App& app, Action& chosen) {
         "The engine reads the encoded form from files named .dat and .iod, and .rgi.\n"
         "\n"
         "Example:\n"
-        "  macroctl encode bringup.mac bringup.dat && macroctl run bringup.dat\n",
+        "  macroctl encode bringup.mac bringup.dat && macroctl run --registers amplifier.rgi bringup.dat\n",
         EncodeText);
 }
 

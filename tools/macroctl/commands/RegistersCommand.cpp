@@ -4,9 +4,11 @@
 #include <string>
 #include <vector>
 
+#include "commands/FormatOption.h"
 #include "commands/Subcommands.h"
 #include "formats/Formats.h"
 #include "io/Output.h"
+#include "io/TextReport.h"
 #include "registers/RegisterFile.h"
 
 namespace macroctl {
@@ -35,8 +37,9 @@ ExitStatus ShowRegisters(const Options& options) {
     Output out;
     kWriters.at(options.format)(files, out);
     if (!out.Finish()) good = false;
+    TextReport report;
     for (const RegisterFile& file : files)
-        file.ReportErrors();
+        report.Add(file.Errors());
     return good ? kExitDone : kExitFailed;
 }
 
@@ -46,16 +49,8 @@ void AddRegisters(CLI::App& app, Action& chosen) {
     const auto options = std::make_shared<Options>();
     CLI::App* command = app.add_subcommand("registers", "Show the registers of register files");
     command->add_option("FILE", options->files, "Register files")->required()->option_text("... REQUIRED");
-    command
-        ->add_option("--format", options->format,
-                     "table (the default), listing, csv, json, markdown, html, c-header or svd")
-        ->type_name("FORMAT")
-        ->option_text("FORMAT")
-        ->check(CLI::Validator(
-            [](std::string& name) {
-                return kWriters.count(name) == 1 ? std::string() : "there is no format named " + name;
-            },
-            ""));
+    AddFormatOption(*command, {"table", "listing", "csv", "json", "markdown", "html", "c-header", "svd"},
+                    options->format);
     command
         ->add_flag("--psc", options->reading.lineBased,
                    "Read the files as line-based ones; without it their content decides")

@@ -2,8 +2,11 @@
 #include <memory>
 #include <string>
 
+#include "commands/FormatOption.h"
 #include "commands/LanguageOptions.h"
 #include "commands/Subcommands.h"
+#include "io/JsonReport.h"
+#include "io/TextReport.h"
 #include "macro/Macro.h"
 
 namespace macroctl {
@@ -12,16 +15,30 @@ namespace {
 
 struct Options {
     std::string file;
+    std::string format = "text";
     LanguageOptions language;
     RunOptions run;
 };
 
-ExitStatus Run(const Options& options) {
-    MacroEnvironment environment(options.language);
+/// @param output  receives what the macro prints; null: it goes to standard output.
+ExitStatus Run(const Options& options, Report& report, std::string* output) {
+    MacroEnvironment environment(options.language, report);
     if (const auto refused = environment.Prepare()) return *refused;
-    Macro macro(environment, options.file);
+    Macro macro(environment, options.file, output);
     if (const auto refused = macro.Load()) return *refused;
     return macro.Run(options.run);
+}
+
+ExitStatus Run(const Options& options) {
+    if (options.format == "json") {
+        JsonReport report;
+        std::string output;
+        const ExitStatus status = Run(options, report, &output);
+        report.SetOutput(output);
+        return report.Finish(status);
+    }
+    TextReport report;
+    return Run(options, report, nullptr);
 }
 
 }  // namespace
@@ -29,7 +46,9 @@ ExitStatus Run(const Options& options) {
 void AddRun(CLI::App& app, Action& chosen) {
     const auto options = std::make_shared<Options>();
     CLI::App* run = app.add_subcommand("run", "Load a macro file and run it");
-    run->add_option("FILE", options->file, "Macro file")->required()->option_text("REQUIRED");
+    run->add_option("FILE", options->file, "Macro file; - stands for standard input")
+        ->required()
+        ->option_text("REQUIRED");
     run->add_option("--work-dir", options->run.workDirectory,
                     "Folder that commands complete relative paths with; a relative one is taken from the\n"
                     "macro's folder, which is also the default")
@@ -44,10 +63,13 @@ void AddRun(CLI::App& app, Action& chosen) {
     run->add_flag("--keep-going", options->run.keepGoing,
                   "Go on after a failed statement; all errors are shown at the end")
         ->disable_flag_override();
+    AddFormatOption(*run, {"text", "json"}, options->format);
     run->footer(
         "Examples:\n"
-        "  macroctl run --board --trace-bus bringup.mac\n"
-        "  macroctl run --registers amplifier.rgi bringup.mac\n");
+        "  macroctl run --board --trace-bus blink.mac\n"
+        "  macroctl run --registers amplifier.rgi bringup.mac\n"
+        "  echo 'board.print(\"hello\")' | macroctl run --board -\n"
+        "  macroctl run --registers amplifier.rgi --format json bringup.mac > result.json\n");
     run->callback([options, &chosen] {
         if (options->language.traceBus && !options->language.HasBoard())
             throw CLI::RequiresError("--trace-bus", "--board or --registers");

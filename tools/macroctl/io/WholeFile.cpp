@@ -1,5 +1,6 @@
 #include "io/WholeFile.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -17,6 +18,14 @@ struct CloseStream {
 };
 
 using Stream = std::unique_ptr<std::FILE, CloseStream>;
+
+bool ReadToEnd(std::FILE* stream, std::string& bytes) {
+    bytes.clear();
+    char buffer[0x10000];
+    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, stream))
+        bytes.append(buffer, count);
+    return std::ferror(stream) == 0;
+}
 
 bool WriteBytes(const std::string& path, const char* mode, const std::string& bytes) {
     Stream stream(std::fopen(path.c_str(), mode));
@@ -36,12 +45,17 @@ bool ReadWholeFile(const std::string& path, std::string& bytes) {
     std::error_code ignored;
     if (fs::is_directory(path, ignored)) return false;
     const Stream stream(std::fopen(path.c_str(), "rb"));
-    if (!stream) return false;
-    bytes.clear();
-    char buffer[0x10000];
-    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, stream.get()))
-        bytes.append(buffer, count);
-    return std::ferror(stream.get()) == 0;
+    return stream && ReadToEnd(stream.get(), bytes);
+}
+
+bool ReadStandardInput(std::string& bytes) {
+    return ReadToEnd(stdin, bytes);
+}
+
+bool ReadSourceFile(std::string path, std::string& bytes) {
+    if (ReadWholeFile(path, bytes)) return true;
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return ReadWholeFile(path, bytes);
 }
 
 bool WriteWholeFile(const std::string& path, const std::string& bytes) {

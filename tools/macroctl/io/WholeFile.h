@@ -9,6 +9,14 @@ namespace macroctl {
 /// @return false when it can't be opened or read, as a folder can't.
 bool ReadWholeFile(const std::string& path, std::string& bytes);
 
+/// Reads standard input to its end.
+///
+/// @return false when it can't be read.
+bool ReadStandardInput(std::string& bytes);
+
+/// Reads a file as the engine does, which takes both separators of folders for the system's own.
+bool ReadSourceFile(std::string path, std::string& bytes);
+
 /// Writes a file whole or not at all: a file that was there stays as it was until the new one is complete.
 ///
 /// What is no file in a folder, such as a device, is written to directly.

@@ -8,7 +8,6 @@
 
 #include "board/BoardCommands.h"
 #include "board/DeviceMap.h"
-#include "io/ErrorLines.h"
 
 namespace macroctl {
 
@@ -46,7 +45,8 @@ const MacroCallArgument* Literal(const MacroCall& call, unsigned int index, int 
 
 class CallCheck {
 public:
-    CallCheck(const DeviceMap& device, ErrorLines& findings) : device_(device), findings_(findings) {}
+    CallCheck(const DeviceMap& device, std::vector<std::string>& findings)
+        : device_(device), findings_(findings) {}
 
     void Check(const MacroCall& call) {
         const CheckedCommand* const command = CommandOf(call);
@@ -82,12 +82,12 @@ private:
 
     void Report(const MacroCall& call, const std::string& reason) {
         if (reason.empty()) return;
-        findings_.Add(std::string(call.file) + "(" + std::to_string(call.line) +
-                      "): error : " + call.category + "." + call.command + "() " + reason);
+        findings_.push_back(std::string(call.file) + "(" + std::to_string(call.line) +
+                            "): error : " + call.category + "." + call.command + "() " + reason);
     }
 
     const DeviceMap& device_;
-    ErrorLines& findings_;
+    std::vector<std::string>& findings_;
 };
 
 bool Visit(const MacroCall& call, void* context) {
@@ -97,9 +97,11 @@ bool Visit(const MacroCall& call, void* context) {
 
 }  // namespace
 
-void FindRegisterMistakes(CMacroFileIF& file, const DeviceMap& device, ErrorLines& findings) {
+std::vector<std::string> FindRegisterMistakes(CMacroFileIF& file, const DeviceMap& device) {
+    std::vector<std::string> findings;
     CallCheck check(device, findings);
     VisitMacroCalls(&file, Visit, &check);
+    return findings;
 }
 
 }  // namespace macroctl

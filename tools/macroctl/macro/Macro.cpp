@@ -3,12 +3,13 @@
 #include <cstdint>
 #include <cstdio>
 #include <new>
+#include <utility>
 
 #include <macroengine/CMacroFileIF.h>
 
 #include "board/DeviceBoard.h"
 #include "board/SimulatedBoard.h"
-#include "io/ErrorLines.h"
+#include "io/ProgressLine.h"
 #include "macro/AbortOnInterrupt.h"
 #include "macro/CallCheck.h"
 
@@ -25,11 +26,11 @@ bool EndsWith(const std::string& text, const std::string& end) {
     return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
-std::unique_ptr<Board> MakeBoard(const MacroEnvironment& environment) {
+std::unique_ptr<Board> MakeBoard(const MacroEnvironment& environment, Console& console) {
     const LanguageOptions& options = environment.Options();
     if (environment.Device() != nullptr)
-        return std::make_unique<DeviceBoard>(*environment.Device(), options.traceBus);
-    if (options.board) return std::make_unique<SimulatedBoard>(options.traceBus);
+        return std::make_unique<DeviceBoard>(*environment.Device(), console, options.traceBus);
+    if (options.board) return std::make_unique<SimulatedBoard>(console, options.traceBus);
     return nullptr;
 }
 
@@ -42,15 +43,18 @@ std::optional<ExitStatus> MacroEnvironment::Prepare() {
     registerFile_ = std::make_unique<RegisterFile>(options_.registerFile, ReadingOptions{});
     if (!registerFile_->IsGood()) {
         // A device that lacks the registers of the bad lines would find fault with good macros.
-        registerFile_->ReportErrors();
+        report_.Add(registerFile_->Errors());
         return kExitFailed;
     }
     device_ = std::make_unique<DeviceMap>(*registerFile_);
     return std::nullopt;
 }
 
-Macro::Macro(const MacroEnvironment& environment, const std::string& path)
-    : environment_(environment), path_(path), board_(MakeBoard(environment)) {
+Macro::Macro(const MacroEnvironment& environment, const std::string& file, std::string* output)
+    : environment_(environment),
+      source_(file),
+      console_(source_, output),
+      board_(MakeBoard(environment, console_)) {
     file_ = CreateMacroFileNoRegisterRequest(environment.Options().nameSpace, false);
     if (file_ == nullptr) throw std::bad_alloc();
 }
@@ -70,16 +74,27 @@ bool Macro::RegisterCommands(std::string& reason) {
 std::optional<ExitStatus> Macro::Load() {
     std::string reason;
     if (!RegisterCommands(reason)) return RefuseUsage(reason);
-    if (file_->Load(path_.c_str())) return std::nullopt;
+    if (!source_.Open(reason)) {
+        Tell({"error : " + reason});
+        return kExitFailed;
+    }
+    if (source_.IsStandardInput()) environment_.Errors().AddSource(source_.Name(), source_.Text());
+    bool loaded = false;
+    {
+        const ProgressLine progress("compiling " + source_.Name());
+        loaded = file_->Load(source_.Path().c_str());
+    }
+    source_.Close();
+    if (loaded) return std::nullopt;
     ReportErrors("the file can't be compiled.");
     return kExitFailed;
 }
 
 bool Macro::CheckRegisterCalls() {
     if (environment_.Device() == nullptr) return true;
-    ErrorLines findings;
-    FindRegisterMistakes(*file_, *environment_.Device(), findings);
-    return findings.IsEmpty();
+    const std::vector<std::string> findings = FindRegisterMistakes(*file_, *environment_.Device());
+    Tell(findings);
+    return findings.empty();
 }
 
 ExitStatus Macro::Run(const RunOptions& options) {
@@ -87,8 +102,11 @@ ExitStatus Macro::Run(const RunOptions& options) {
     file_->SetErrorHandling(!options.keepGoing, nullptr, 0);
     bool ranToItsEnd = false;
     {
+        ProgressLine progress("running " + source_.Name());
+        console_.ShowProgress(&progress);
         const AbortOnInterrupt abortOnInterrupt(*file_);
         ranToItsEnd = file_->Run();
+        console_.ShowProgress(nullptr);
     }
     if (ranToItsEnd) return kExitDone;
     ReportErrors("the file can't be run.");
@@ -97,10 +115,17 @@ ExitStatus Macro::Run(const RunOptions& options) {
 
 /// @param fallback  said when the engine has nothing to say, so that no failure goes without a word.
 void Macro::ReportErrors(const char* fallback) const {
-    ErrorLines lines;
+    std::vector<std::string> lines;
     for (std::uint32_t i = 0; i < file_->GetErrorCount(); ++i)
-        lines.Add(file_->GetErrorMessage(i));
-    if (lines.IsEmpty()) lines.Add(path_ + ": error : " + fallback);
+        lines.emplace_back(file_->GetErrorMessage(i));
+    if (lines.empty()) lines.push_back(source_.Path() + ": error : " + fallback);
+    Tell(lines);
+}
+
+void Macro::Tell(std::vector<std::string> lines) const {
+    for (std::string& line : lines)
+        line = source_.Shown(std::move(line));
+    environment_.Errors().Add(lines);
 }
 
 bool Macro::WasAborted() const {

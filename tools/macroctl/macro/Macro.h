@@ -8,6 +8,9 @@
 #include "ExitStatus.h"
 #include "board/Board.h"
 #include "board/DeviceMap.h"
+#include "io/Report.h"
+#include "macro/Console.h"
+#include "macro/MacroSource.h"
 #include "macro/Plugins.h"
 
 class CMacroFileIF;
@@ -34,14 +37,16 @@ struct RunOptions {
 class MacroEnvironment {
 public:
     /// @param options  kept by reference.
-    explicit MacroEnvironment(const LanguageOptions& options) : options_(options) {}
+    /// @param report   receives what the engine has to say; kept by reference.
+    MacroEnvironment(const LanguageOptions& options, Report& report) : options_(options), report_(report) {}
 
     /// Loads the plug-ins and the register file.
     ///
-    /// @return nothing on success; otherwise the exit status, after the reason has been written.
+    /// @return nothing on success; otherwise the exit status, after the reason has been told.
     std::optional<ExitStatus> Prepare();
 
     const LanguageOptions& Options() const { return options_; }
+    Report& Errors() const { return report_; }
     const Plugins& LoadedPlugins() const { return plugins_; }
 
     /// @return null without a register file.
@@ -49,24 +54,27 @@ public:
 
 private:
     const LanguageOptions& options_;
+    Report& report_;
     Plugins plugins_;
     std::unique_ptr<RegisterFile> registerFile_;
     std::unique_ptr<DeviceMap> device_;
 };
 
-/// One macro file with the commands that it may name. Everything that the engine has to say goes to standard
-/// error as it stands.
+/// One macro file with the commands that it may name. Everything that the engine has to say goes to the
+/// environment's report.
 class Macro {
 public:
     /// @param environment  prepared.
-    Macro(const MacroEnvironment& environment, const std::string& path);
+    /// @param file         a path, or "-" for standard input.
+    /// @param output       receives what the macro prints; null: it goes to standard output.
+    Macro(const MacroEnvironment& environment, const std::string& file, std::string* output = nullptr);
     ~Macro();
     Macro(const Macro&) = delete;
     Macro& operator=(const Macro&) = delete;
 
     /// Registers the commands and loads the file.
     ///
-    /// @return nothing on success; otherwise the exit status, after the reason has been written.
+    /// @return nothing on success; otherwise the exit status, after the reason has been told.
     std::optional<ExitStatus> Load();
 
     /// Holds the calls of the loaded file against the device on the board, if there is one.
@@ -79,11 +87,13 @@ public:
 private:
     bool RegisterCommands(std::string& reason);
     void ReportErrors(const char* fallback) const;
+    void Tell(std::vector<std::string> lines) const;
     bool WasAborted() const;
 
-    // In this order: the board outlives the file.
+    // In this order: the board uses the console and outlives the file.
     const MacroEnvironment& environment_;
-    const std::string path_;
+    MacroSource source_;
+    Console console_;
     std::unique_ptr<Board> board_;
     CMacroFileIF* file_ = nullptr;
 };

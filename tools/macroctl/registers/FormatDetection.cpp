@@ -58,18 +58,11 @@ bool IsSectioned(std::string_view text) {
     return false;
 }
 
-/// The engine takes both separators of folders for the system's own.
-bool ReadAsTheEngineDoes(std::string path, std::string& bytes) {
-    if (ReadWholeFile(path, bytes)) return true;
-    std::replace(path.begin(), path.end(), '\\', '/');
-    return ReadWholeFile(path, bytes);
-}
-
 }  // namespace
 
 bool LooksLineBased(const std::string& path) {
     std::string bytes;
-    return ReadAsTheEngineDoes(path, bytes) && !bytes.empty() && !IsSectioned(bytes);
+    return ReadSourceFile(path, bytes) && !bytes.empty() && !IsSectioned(bytes);
 }
 
 }  // namespace macroctl

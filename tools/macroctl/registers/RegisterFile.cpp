@@ -2,13 +2,12 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <new>
 #include <utility>
 
 #include <macroengine/CRegDefFileIF.h>
 
-#include "io/ErrorLines.h"
+#include "io/ProgressLine.h"
 #include "registers/FormatDetection.h"
 
 namespace macroctl {
@@ -36,8 +35,9 @@ constexpr std::int32_t kTwoWireMode = 1;
 
 }  // namespace
 
-RegisterFile::RegisterFile(const std::string& path, const ReadingOptions& options)
-    : path_(path), lineBased_(options.lineBased || LooksLineBased(path)) {
+RegisterFile::RegisterFile(const std::string& path, const ReadingOptions& options) : path_(path) {
+    const ProgressLine progress("reading " + path);
+    lineBased_ = options.lineBased || LooksLineBased(path);
     reader_ = lineBased_ ? CreatePSCRegDefFile() : CreateRegDefFile();
     if (reader_ == nullptr) throw std::bad_alloc();
     good_ = reader_->Load(path.c_str()) && reader_->GetErrorCount() == 0;
@@ -85,12 +85,13 @@ void RegisterFile::Gather() {
     }
 }
 
-void RegisterFile::ReportErrors() const {
-    ErrorLines lines;
+std::vector<std::string> RegisterFile::Errors() const {
+    std::vector<std::string> lines;
     for (std::uint32_t i = 0; i < reader_->GetErrorCount(); ++i)
-        lines.Add(reader_->GetErrorMessage(i));
+        lines.emplace_back(reader_->GetErrorMessage(i));
     // No failure goes without a word.
-    if (!good_ && lines.IsEmpty()) lines.Add(path_ + ": error : the file can't be read.");
+    if (!good_ && lines.empty()) lines.push_back(path_ + ": error : the file can't be read.");
+    return lines;
 }
 
 const char* RegisterFile::Listing() {

@@ -35,8 +35,8 @@ public:
     /// @return whether the whole file was read without an error.
     bool IsGood() const { return good_; }
 
-    /// Writes the engine's lines about what went wrong to standard error. Without an error there are none.
-    void ReportErrors() const;
+    /// @return the engine's lines about what went wrong; none without an error.
+    std::vector<std::string> Errors() const;
 
     /// @return the engine's own listing.
     const char* Listing();

@@ -91,4 +91,12 @@ bool DecodeText(const std::string& encoded, std::string& text, ConversionError& 
     return ConvertLines(encoded, DecodeLine, text, error);
 }
 
+bool IsEncodedSource(std::string_view path, std::string_view bytes) {
+    std::string extension(path.substr(std::min(path.rfind('.'), path.size())));
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    if (extension == ".iod" || extension == ".dat") return true;
+    return extension == ".rgi" && bytes.find("[REGISTER]") == std::string_view::npos;
+}
+
 }  // namespace macroctl

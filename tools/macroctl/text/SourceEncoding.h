@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace macroctl {
 
@@ -25,5 +26,8 @@ bool EncodeText(const std::string& text, std::string& encoded, ConversionError& 
 /// doesn't
 ///         belong to the encoded form, a conversion would lose it.
 bool DecodeText(const std::string& encoded, std::string& text, ConversionError& error);
+
+/// @return whether the engine reads a file of this name and content in the encoded form.
+bool IsEncodedSource(std::string_view path, std::string_view bytes);
 
 }  // namespace macroctl

@@ -10,6 +10,9 @@ namespace {
 
 constexpr std::uint32_t kInvalid = 0xFFFFFFFF;
 
+/// Stands for what is cut off.
+constexpr std::string_view kMark = "...";
+
 struct Character {
     std::uint32_t code;  // kInvalid for a byte that begins no character
     std::size_t size;
@@ -93,7 +96,6 @@ std::size_t DisplayWidth(std::string_view text) {
 }
 
 std::string CutToWidth(std::string_view text, std::size_t width) {
-    constexpr std::string_view kMark = "...";
     if (DisplayWidth(text) <= width) return std::string(text);
     if (width <= kMark.size()) return std::string(kMark.substr(0, width));
     std::size_t used = kMark.size();
@@ -105,6 +107,18 @@ std::string CutToWidth(std::string_view text, std::size_t width) {
         kept += character.size;
     }
     return std::string(text.substr(0, kept)).append(kMark);
+}
+
+std::string CutStartToWidth(std::string_view text, std::size_t width) {
+    std::size_t rest = DisplayWidth(text);
+    if (rest <= width) return std::string(text);
+    if (width <= kMark.size()) return std::string(kMark.substr(0, width));
+    while (rest + kMark.size() > width) {
+        const Character character = FirstCharacter(text);
+        rest -= WidthOf(character.code);
+        text.remove_prefix(character.size);
+    }
+    return std::string(kMark).append(text);
 }
 
 std::string OnOneLine(std::string_view text) {

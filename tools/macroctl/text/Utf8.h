@@ -15,6 +15,9 @@ std::size_t DisplayWidth(std::string_view text);
 /// Shortens a text that needs more than `width` columns, and ends it with "..." then.
 std::string CutToWidth(std::string_view text, std::size_t width);
 
+/// As CutToWidth, but keeps the end of the text, and begins it with "..." then.
+std::string CutStartToWidth(std::string_view text, std::size_t width);
+
 /// Copies a text with one blank for each run of blanks, line ends and other control characters, so that it
 /// stays on its line and can't steer a terminal.
 std::string OnOneLine(std::string_view text);
