@@ -1,6 +1,6 @@
 # What one types every day. CMakePresets.json holds the builds, docs/building.md the explanations.
 
-.PHONY: build demo test package docs bench performance check-format format tidy clean install-dependencies
+.PHONY: build demo test test-editors package docs bench performance check-format format tidy clean install-dependencies
 
 build:
 	cmake --preset release
@@ -14,6 +14,11 @@ demo:
 test:
 	@scripts/install_dependencies
 	@scripts/run_tests release clang asan tsan
+	@scripts/test_editors
+
+test-editors:
+	@scripts/install_dependencies
+	@scripts/test_editors
 
 # make bench BENCH_OPTIONS="--rounds 9 --markdown sieve sort"
 bench:

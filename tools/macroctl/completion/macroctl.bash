@@ -26,7 +26,7 @@ _macroctl_complete() {
         registers:--format)
             mapfile -t COMPREPLY < <(compgen -W 'table listing csv json markdown html c-header svd' -- "$word")
             return ;;
-        diff:--format)
+        run:--format | check:--format | diff:--format)
             mapfile -t COMPREPLY < <(compgen -W 'text json' -- "$word")
             return ;;
         *:--work-dir)
