@@ -47,11 +47,13 @@ class CompletionTest(CliTest):
 
     def test_formats(self) -> None:
         self.assertEqual(self.complete("registers", "--format", "c"), ["csv", "c-header"])
-        self.assertEqual(self.complete("diff", "--format", ""), ["text", "json"])
+        for subcommand in ["run", "check", "diff"]:
+            self.assertEqual(self.complete(subcommand, "--format", ""), ["text", "json"])
 
     def test_every_format_is_one_that_macroctl_knows(self) -> None:
         self.write("a.rgi", "[REGISTER]\nREGISTER_NAME, ADDRESS_2WIRE, LSB, LENGTH, RW\nA, 0x01, 0, 8, RW\n")
-        for arguments in [("registers", "a.rgi"), ("diff", "a.rgi", "a.rgi")]:
+        self.write("a.mac", "x = 1\n")
+        for arguments in [("run", "a.mac"), ("check", "a.mac"), ("registers", "a.rgi"), ("diff", "a.rgi", "a.rgi")]:
             for name in self.complete(arguments[0], "--format", ""):
                 with self.subTest(name):
                     self.assertEqual(self.macroctl(*arguments, "--format", name).status, 0)

@@ -35,6 +35,9 @@ class EditorsTest(CliTest):
             [found[matcher[part]] for part in ["file", "line", "severity", "message"]],
             ["my macros (1).mac", "2", "error", "syntax error ')'. Can't find Variable or value."])
 
+    def test_the_extension_has_the_version_of_macroctl(self) -> None:
+        self.assertEqual(self.macroctl("--version").out, f"macroctl {read_json('package.json')['version']}\n")
+
     def test_the_lock_file_names_no_place_to_download_from(self) -> None:
         for name, package in read_json("package-lock.json")["packages"].items():
             self.assertNotIn("resolved", package, name)

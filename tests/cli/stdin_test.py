@@ -3,9 +3,9 @@
 import os
 import unittest
 
-from cli_support import CliTest, plugin
+from cli_support import MACROCTL, CliTest, plugin
 
-if os.name != "nt":
+if MACROCTL.suffix != ".exe":
     from pseudo_terminal import TerminalRun
 
 
@@ -48,7 +48,7 @@ class StandardInputTest(CliTest):
         self.write("-", 'board.print("file")\n')
         self.assert_result(self.macroctl("run", "--board", "./-", text='board.print("input")\n'), 0, "file\n")
 
-    @unittest.skipIf(os.name == "nt" or getattr(os, "geteuid", lambda: 1)() == 0, "needs a folder that can't be written")
+    @unittest.skipIf(os.name == "nt" or os.geteuid() == 0, "needs a folder that can't be written")
     def test_a_current_folder_that_cannot_be_written(self) -> None:
         os.chmod(self.folder, 0o500)
         self.addCleanup(os.chmod, self.folder, 0o700)
@@ -56,7 +56,7 @@ class StandardInputTest(CliTest):
             self.macroctl("run", "-", text="x = 1\n"), 1,
             err="error : can't write to the current folder, where standard input is kept for the engine\n")
 
-    @unittest.skipIf(os.name == "nt", "needs pseudo-terminals")
+    @unittest.skipIf(MACROCTL.suffix == ".exe", "needs pseudo-terminals")
     def test_the_line_on_a_terminal(self) -> None:
         run = TerminalRun(self.folder, "run", "-", text="a = 1\nb = c\n")
         self.assertEqual((run.finish(), run.seen()), (1, """\

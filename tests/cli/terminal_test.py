@@ -3,13 +3,13 @@
 import os
 import unittest
 
-from cli_support import CliTest
+from cli_support import MACROCTL, CliTest
 
-if os.name != "nt":
+if MACROCTL.suffix != ".exe":
     from pseudo_terminal import TerminalRun
 
 
-@unittest.skipIf(os.name == "nt", "needs pseudo-terminals")
+@unittest.skipIf(MACROCTL.suffix == ".exe", "needs pseudo-terminals")
 class TerminalTest(CliTest):
     def on_terminal(self, *arguments: str, **options) -> "TerminalRun":
         return TerminalRun(self.folder, *arguments, **options)

@@ -1,11 +1,11 @@
-" Macro files: what stands between the words of a block is indented. Directives stay where they are in the text.
+" Macro files: what stands between the words of a block is indented, a directive with "#" begins its line.
 if exists('b:did_indent')
     finish
 endif
 let b:did_indent = 1
 
 setlocal indentexpr=MacroengineIndent()
-setlocal indentkeys=!^F,o,O,=elseif,=else,=endif,=endloop
+setlocal indentkeys=!^F,o,O,0#,=elseif,=else,=endif,=endloop
 
 let b:undo_indent = 'setlocal indentexpr< indentkeys<'
 
@@ -14,7 +14,13 @@ if exists('*MacroengineIndent')
 endif
 
 function MacroengineIndent() abort
+    if getline(v:lnum) =~# '^\s*#'
+        return 0
+    endif
     let above = prevnonblank(v:lnum - 1)
+    while above > 0 && getline(above) =~# '^\s*#'
+        let above = prevnonblank(above - 1)
+    endwhile
     if above == 0
         return 0
     endif

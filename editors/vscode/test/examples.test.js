@@ -23,12 +23,11 @@ function readLines(file) {
     return fs.readFileSync(file, 'utf8').split(/\r?\n/);
 }
 
-// The language of a file, as the editor finds it: by the extension, else by the first line.
+// The language of a file by its extension. Of line-based register files the user says it.
 function languageOf(file) {
-    const [firstLine] = readLines(file);
-    const language = contributes.languages.find(({extensions}) => (extensions || []).includes(path.extname(file))) ||
-        contributes.languages.find(candidate => candidate.firstLine && new RegExp(candidate.firstLine).test(firstLine));
-    return language && language.id;
+    const extension = path.extname(file);
+    if (extension === '.txt') return 'macroengine-register-lines';
+    return contributes.languages.find(({extensions}) => (extensions || []).includes(extension)).id;
 }
 
 const FILES = filesBelow(examples).filter(file => /\.(mac|rgi)$|registers.*\.txt$/.test(file));
@@ -78,10 +77,11 @@ test('the editor would indent the examples as they are', () => {
     const {indentationRules} = require('../macro.language-configuration.json');
     const increase = new RegExp(indentationRules.increaseIndentPattern);
     const decrease = new RegExp(indentationRules.decreaseIndentPattern);
+    const unindented = new RegExp(indentationRules.unIndentedLinePattern);
     for (const file of FILES.filter(candidate => languageOf(candidate) === 'macroengine')) {
         let depth = 0;
         readLines(file).forEach((line, index) => {
-            if (line.trim() === '') return;
+            if (line.trim() === '' || unindented.test(line)) return;
             if (decrease.test(line)) --depth;
             assert.strictEqual(line.length - line.trimStart().length, 4 * depth, `${file}(${index + 1})`);
             if (increase.test(line)) ++depth;
