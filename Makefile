@@ -1,6 +1,7 @@
 # What one types every day. CMakePresets.json holds the builds, docs/building.md the explanations.
 
-.PHONY: build demo test test-editors package docs bench performance check-format format tidy clean install-dependencies
+.PHONY: build demo test test-editors fuzz bench performance docs package check-format format tidy clean \
+        install-dependencies
 
 build:
 	cmake --preset release
@@ -19,6 +20,12 @@ test:
 test-editors:
 	@scripts/install_dependencies
 	@scripts/test_editors
+
+# make fuzz SECONDS=900
+SECONDS ?= 60
+fuzz:
+	@scripts/install_dependencies
+	@scripts/fuzz $(SECONDS)
 
 # make bench BENCH_OPTIONS="--rounds 9 --markdown sieve sort"
 bench:

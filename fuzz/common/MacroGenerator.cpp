@@ -18,8 +18,13 @@ constexpr const char* kUndefined = "z";
 constexpr unsigned kMaxDepth = 4;
 constexpr unsigned kMaxLoops = 3;
 
-std::string Spaced(const std::string& left, const char* operation, const std::string& right) {
-    return left + " " + operation + " " + right;
+/// Joins parts. Those of a list are made in its order, unlike the operands of a sum: so the bytes stand for the same
+/// program with every compiler.
+std::string Joined(std::initializer_list<std::string> parts) {
+    std::string text;
+    for (const std::string& part : parts)
+        text += part;
+    return text;
 }
 
 }  // namespace
@@ -47,8 +52,8 @@ std::string MacroGenerator::Generate() {
     return text_;
 }
 
-void MacroGenerator::Line(const std::string& line) {
-    text_.append(2 * depth_, ' ').append(line);
+void MacroGenerator::Line(std::initializer_list<std::string> parts) {
+    text_.append(2 * depth_, ' ').append(Joined(parts));
     if (source_.Rarely(40)) text_ += source_.Rarely(2) ? "  // why" : " /* how */ ";
     text_ += source_.Rarely(60) ? "\r\n" : "\n";
     if (source_.Rarely(50)) text_ += source_.Rarely(2) ? "\n" : "/* more\n   of it */\n";
@@ -57,11 +62,11 @@ void MacroGenerator::Line(const std::string& line) {
 /// Gives most variables a value of their kind.
 void MacroGenerator::Setup() {
     if (source_.Rarely(3)) {
-        Line("#define ONE " + Literal(AnyKind()));
-        Line("#define PLUS + ONE +");
+        Line({"#define ONE ", Literal(AnyKind())});
+        Line({"#define PLUS + ONE +"});
     } else {
-        Line("#define ONE 1");
-        Line("#define PLUS +");
+        Line({"#define ONE 1"});
+        Line({"#define PLUS +"});
     }
     // Without its line a variable comes into being later or never.
     const char* const lines[] = {"a = 1",      "b = -6",       "c = 7",       "d = 0",           "f = 2.5",
@@ -69,7 +74,7 @@ void MacroGenerator::Setup() {
                                  "p[1] = 2.5", "p[2] = \"x\"", "p[3][1] = 4", "q[4] = 2",        "r = q",
                                  "r[1] = p",   "i = 0",        "j = 1",       "y = fuzz.truth()"};
     for (const char* line : lines) {
-        if (!Strays(16)) Line(line);
+        if (!Strays(16)) Line({line});
     }
 }
 
@@ -123,46 +128,46 @@ void MacroGenerator::AssignScalar() {
     if (source_.Rarely(4)) {
         const std::string index = source_.Pick(kIndexes);
         const char* const sources[] = {"0", "i + 1", "j + 1", "1", "i - 1", "i * 2", "n0", "3"};
-        return Line(index + " = " + source_.Pick(sources));
+        return Line({index, " = ", source_.Pick(sources)});
     }
-    Line(Name(kind) + " = " + Expression(kind, 0));
+    Line({Name(kind), " = ", Expression(kind, 0)});
 }
 
 void MacroGenerator::AssignElement() {
     const Kind kind = source_.Rarely(4) ? Kind::Array : AnyKind();
-    Line(Element() + " = " + (kind == Kind::Array ? Name(kind) : Expression(kind, 1)));
+    Line({Element(), " = ", kind == Kind::Array ? Name(kind) : Expression(kind, 1)});
 }
 
 void MacroGenerator::AssignArray() {
     const std::string to = source_.Pick(kArrays);
     const std::string from = source_.Pick(kArrays);
-    Line(to + " = " + from);
+    Line({to, " = ", from});
     // What is handed on is then changed, on one side or the other.
     if (!source_.Rarely(3))
-        Line((source_.Rarely(2) ? to : from) + "[" + Subscript() + "] = " + Operand(AnyKind()));
+        Line({source_.Rarely(2) ? to : from, "[", Subscript(), "] = ", Operand(AnyKind())});
 }
 
 void MacroGenerator::AppendText() {
     const std::string name = Name(Kind::Text);
-    if (source_.Rarely(3)) Line(std::string(source_.Pick(kTexts)) + " = " + name);
-    Line(name + " = " + name + " + " + Operand(source_.Rarely(3) ? AnyKind() : Kind::Text));
+    if (source_.Rarely(3)) Line({source_.Pick(kTexts), " = ", name});
+    Line({name, " = ", name, " + ", Operand(source_.Rarely(3) ? AnyKind() : Kind::Text)});
 }
 
 void MacroGenerator::Alias() {
     const Kind kind = AnyKind();
-    Line(Name(kind) + " = " + Operand(kind));
+    Line({Name(kind), " = ", Operand(kind)});
 }
 
 void MacroGenerator::ChangeKind() {
     const std::string name = Name(AnyKind());
     const std::string value = Expression(AnyKind(), 1);
-    if (loopDepth_ == 0) return Line(name + " = " + value);
+    if (loopDepth_ == 0) return Line({name, " = ", value});
     const char* const operators[] = {"==", ">", "!="};
-    Line("if " + Spaced(Counter(), source_.Pick(operators), std::to_string(source_.Below(4))));
+    Line({"if ", Counter(), " ", source_.Pick(operators), " ", std::to_string(source_.Below(4))});
     ++depth_;
-    Line(name + " = " + value);
+    Line({name, " = ", value});
     --depth_;
-    Line("endif");
+    Line({"endif"});
 }
 
 void MacroGenerator::AssignFromCommand() {
@@ -173,30 +178,30 @@ void MacroGenerator::AssignFromCommand() {
     };
     switch (source_.Below(10)) {
         case 0:
-            call = "array.max(" + Operand(Kind::Array) + ")";
+            call = Joined({"array.max(", Operand(Kind::Array), ")"});
             break;
         case 1:
             kind = AnyKind();
-            call = "array.init(" + Operand(kind) + optional(kind, 2) + optional(kind, 2) + ")";
+            call = Joined({"array.init(", Operand(kind), optional(kind, 2), optional(kind, 2), ")"});
             kind = Kind::Array;
             break;
         case 2:
             kind = Kind::Array;
-            call = "string.split(" + Operand(Kind::Text) + optional(Kind::Text, 2) + ")";
+            call = Joined({"string.split(", Operand(Kind::Text), optional(Kind::Text, 2), ")"});
             break;
         case 3:
             kind = Kind::Text;
-            call = "string.int2dec(" + Operand(Kind::Integer) + optional(Kind::Integer, 2) + ")";
+            call = Joined({"string.int2dec(", Operand(Kind::Integer), optional(Kind::Integer, 2), ")"});
             break;
         case 4:
             kind = Kind::Text;
-            call = "string.int2hex(" + Operand(Kind::Integer) + optional(Kind::Integer, 3) + ")";
+            call = Joined({"string.int2hex(", Operand(Kind::Integer), optional(Kind::Integer, 3), ")"});
             break;
         case 5:
-            call = "string.str2dec(" + Operand(Kind::Text) + ")";
+            call = Joined({"string.str2dec(", Operand(Kind::Text), ")"});
             break;
         case 6:
-            call = "system.get_variable_type(" + Operand(AnyKind()) + ")";
+            call = Joined({"system.get_variable_type(", Operand(AnyKind()), ")"});
             break;
         case 7:
             kind = Kind::Boolean;
@@ -204,59 +209,59 @@ void MacroGenerator::AssignFromCommand() {
             break;
         case 8:
             kind = Kind::Boolean;
-            call = "fuzz.refuse(" + Operand(AnyKind()) + ")";
+            call = Joined({"fuzz.refuse(", Operand(AnyKind()), ")"});
             break;
         default:
             call = source_.Rarely(2) ? "fuzz.nothing()" : "string.split(s, t, i)";
             break;
     }
-    Line((source_.Rarely(4) ? Element() : Name(kind)) + " = " + call);
+    Line({source_.Rarely(4) ? Element() : Name(kind), " = ", call});
 }
 
 void MacroGenerator::Show() {
-    if (source_.Rarely(30)) return Line("fuzz.stop()");
+    if (source_.Rarely(30)) return Line({"fuzz.stop()"});
     if (source_.Rarely(4))
-        return Line("fuzz.take(" + Operand(AnyKind()) + ") = " + Expression(Kind::Floating, 1));
-    Line("fuzz.show(" + Operand(AnyKind()) + ", " + Operand(AnyKind()) + ")");
+        return Line({"fuzz.take(", Operand(AnyKind()), ") = ", Expression(Kind::Floating, 1)});
+    Line({"fuzz.show(", Operand(AnyKind()), ", ", Operand(AnyKind()), ")"});
 }
 
 void MacroGenerator::If() {
     if (depth_ >= kMaxDepth) return AssignScalar();
-    Line("if " + Condition(0));
+    Line({"if ", Condition(0)});
     Block(3);
     while (source_.Rarely(4)) {
-        Line("elseif " + Condition(1));
+        Line({"elseif ", Condition(1)});
         Block(2);
     }
     if (source_.Rarely(3)) {
-        Line("else");
+        Line({"else"});
         Block(2);
     }
-    Line("endif");
+    Line({"endif"});
 }
 
 void MacroGenerator::Loop() {
     if (depth_ >= kMaxDepth || loopDepth_ >= kMaxLoops) return AssignElement();
     const std::string counter = kCounters[loopDepth_];
-    Line(counter + " = 0");
-    if (source_.Rarely(3)) Line("i = 0");
+    Line({counter, " = 0"});
+    if (source_.Rarely(3)) Line({"i = 0"});
     // The outer loops turn more often.
     const std::string limit = std::to_string(2 + source_.Below(8u >> loopDepth_));
     std::string condition = counter + " < " + limit;
-    if (source_.Rarely(8)) condition = condition + (source_.Rarely(3) ? " || " : " && ") + Comparison();
-    Line("loop " + condition);
+    if (source_.Rarely(8)) condition = Joined({condition, source_.Rarely(3) ? " || " : " && ", Comparison()});
+    Line({"loop ", condition});
     ++loopDepth_;
     const bool countsFirst = source_.Rarely(3);
     ++depth_;
-    if (countsFirst) Line(counter + " = " + counter + " + 1");
+    if (countsFirst) Line({counter, " = ", counter, " + 1"});
     --depth_;
     Block(6);
     ++depth_;
-    if (source_.Rarely(3)) Line("i = i + 1");
-    if (!countsFirst) Line(counter + " = " + counter + " + 1");
+    if (source_.Rarely(3)) Line({"i = i + 1"});
+    if (!countsFirst) Line({counter, " = ", counter, " + 1"});
     --depth_;
     --loopDepth_;
-    Line("endloop");
+    Line({"endloop"});
 }
 
 // --- operands
@@ -310,9 +315,9 @@ std::string MacroGenerator::Subscript() {
             return Counter();
         case 11:
         case 12:
-            return std::string(source_.Pick(kArrays)) + "[" + std::to_string(source_.Below(5)) + "]";
+            return Joined({source_.Pick(kArrays), "[", std::to_string(source_.Below(5)), "]"});
         case 13:
-            return std::string(source_.Pick(kArrays)) + "[" + Counter() + "]";
+            return Joined({source_.Pick(kArrays), "[", Counter(), "]"});
         case 14:
             return Name(Kind::Integer);
         default: {
@@ -381,7 +386,7 @@ std::string MacroGenerator::Expression(Kind kind, unsigned depth) {
         if (operation == "-" && right[0] >= '0' && right[0] <= '9' && right.find('x') == std::string::npos) {
             expression += source_.Pick({" - ", " -", "-"}) + right;
         } else {
-            expression = Spaced(expression, operation.c_str(), right);
+            expression = Joined({expression, " ", operation, " ", right});
         }
         if (source_.Rarely(8)) expression = "(" + expression + ")";
     }
@@ -394,7 +399,7 @@ std::string MacroGenerator::Comparison() {
     const Kind other = Strays(6) ? AnyKind() : kind;
     const std::string left = Operand(kind);
     const std::string operation = source_.Pick(operators);
-    return Spaced(left, operation.c_str(), Operand(other));
+    return Joined({left, " ", operation, " ", Operand(other)});
 }
 
 std::string MacroGenerator::Condition(unsigned depth) {
@@ -403,7 +408,7 @@ std::string MacroGenerator::Condition(unsigned depth) {
         const char* const operation = source_.Rarely(2) ? "&&" : "||";
         const std::string right =
             depth < 2 && source_.Rarely(3) ? "(" + Condition(depth + 1) + ")" : Comparison();
-        condition = Spaced(condition, operation, right);
+        condition = Joined({condition, " ", operation, " ", right});
     }
     return condition;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -24,7 +25,7 @@ public:
 private:
     enum class Kind { Integer, Floating, Text, Array, Boolean };
 
-    void Line(const std::string& line);
+    void Line(std::initializer_list<std::string> parts);
     void Setup();
     void Block(unsigned maxLength);
     void Statement();
