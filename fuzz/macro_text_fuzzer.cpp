@@ -1,5 +1,8 @@
 // Any text as a macro file: it loads or is refused, and what loads runs, with and without stopping at errors.
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <new>
 #include <string>
 
@@ -40,9 +43,11 @@ void LoadAndRun(const std::string& path) {
     CErrorMessageTable errors;
     MacroCompiler(program, list, errors).CompileFile(path, nullptr);
     // A load that fails leaves the statements before the error.
-    program.Run();
-    program.SetErrorHandling(false, nullptr, 0);
-    program.Run();
+    for (const bool stopsOnError : {true, false}) {
+        program.SetErrorHandling(stopsOnError, nullptr, 0);
+        list.BeginRun();
+        program.Run();
+    }
 }
 
 }  // namespace

@@ -92,6 +92,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const reference::Value& argument : arguments)
         operands.push_back(ToEngine(argument));
     static test::CommandCaller caller;
+    caller.GetList().BeginRun();
     const std::string result = caller.Call(name, operands);
     if (!isKnown) return 0;
     const std::string expected = ResultInReference(name, arguments);

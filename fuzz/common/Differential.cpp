@@ -75,8 +75,10 @@ std::string RunInEngine(const Session& session) {
     for (const std::string& path : session.paths) {
         MacroCompiler(engine.program, engine.list, errors).CompileFile(path, nullptr);
         AddErrors(seen, errors);
-        for (int run = 0; run < session.runs; ++run)
+        for (int run = 0; run < session.runs; ++run) {
+            engine.list.BeginRun();
             AddRun(seen, engine.program.Run());
+        }
     }
     AddErrors(seen, engine.program.GetErrors());
     AddLines(seen, engine.commands.GetShown());

@@ -141,8 +141,12 @@ bool StringStr2Dec(CommandCall& call) {
     std::uint64_t value = 0;
     for (const char digit : text.substr(sign)) {
         value = value * 10 + static_cast<std::uint64_t>(digit - '0');
-        if (value > 0xFFFFFFFF) return Fail(call, "Error: " + text + " is out of range");
+        if (value > 0xFFFFFFFF) {
+            call.isOutOfRange = true;
+            break;
+        }
     }
+    if (call.isOutOfRange) return Fail(call, "Error: " + text + " is out of range");
     const auto bits = static_cast<std::uint32_t>(value);
     call.result = Value{static_cast<std::int32_t>(text[0] == '-' ? 0 - bits : bits)};
     return true;

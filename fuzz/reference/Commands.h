@@ -18,6 +18,8 @@ struct CommandCall {
     std::vector<std::string> errors;  ///< texts, oldest first
     std::string shown;                ///< what it leaves for the host to see
     bool aborts = false;
+    bool isOutOfRange =
+        false;  ///< given: a conversion of this run has met a number out of range, so all fail
 };
 
 /// @return whether the command succeeded.

@@ -60,6 +60,7 @@ bool Evaluator::Run() {
         return false;
     }
     failed_ = false;
+    isOutOfRange_ = false;
     try {
         for (File& file : program_) {
             path_ = file.path;
@@ -145,6 +146,7 @@ bool Evaluator::RunStep(Step& step, std::string& error) {
 bool Evaluator::Call(Step& step, std::string& error) {
     CommandCall call;
     call.name = step.operation;
+    call.isOutOfRange = isOutOfRange_;
     for (const Operand& operand : step.operands) {
         call.arguments.emplace_back();
         if (!Resolve(operand, call.arguments.back(), error)) return false;
@@ -156,6 +158,7 @@ bool Evaluator::Call(Step& step, std::string& error) {
     const bool succeeded = RunCommand(call);
     if (!call.shown.empty()) shown_.push_back(call.shown);
     aborted_ = call.aborts;
+    isOutOfRange_ = call.isOutOfRange;
     step.result = succeeded ? call.result : Value{false};
     Charge(SizeOf(step.result));
     if (!succeeded) {

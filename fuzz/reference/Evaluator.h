@@ -65,6 +65,7 @@ private:
     bool stopOnError_;
     bool failed_ = false;
     bool aborted_ = false;
+    bool isOutOfRange_ = false;  ///< a conversion of this run has met a number out of range
     int line_ = 0;
     mutable std::size_t credit_;
     Variables variables_;
