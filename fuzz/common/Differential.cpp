@@ -18,7 +18,7 @@ namespace macroengine::fuzz {
 namespace {
 
 /// What a host does: it loads each file in turn and runs the program so many times before it loads the next.
-struct Session {
+struct Scenario {
     std::vector<std::string> texts;
     std::vector<std::string> paths;
     int runs = 1;
@@ -32,21 +32,21 @@ struct Engine {
     HostCommands commands{list, program};
 };
 
-Session GenerateSession(const std::uint8_t* data, std::size_t size) {
+Scenario GenerateScenario(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t kChoices = 3;
     ByteSource choices(data, std::min(size, kChoices));
     data += std::min(size, kChoices);
     size -= std::min(size, kChoices);
-    Session session;
-    session.stopOnError = choices.Rarely(4);
-    session.runs = choices.Rarely(6) ? 2 : 1;
+    Scenario scenario;
+    scenario.stopOnError = choices.Rarely(4);
+    scenario.runs = choices.Rarely(6) ? 2 : 1;
     const std::size_t files = choices.Rarely(6) ? 2 : 1;
     for (std::size_t file = 0; file < files; ++file) {
         const std::size_t begin = size * file / files;
         ByteSource source(data + begin, size * (file + 1) / files - begin);
-        session.texts.push_back(MacroGenerator(source).Generate());
+        scenario.texts.push_back(MacroGenerator(source).Generate());
     }
-    return session;
+    return scenario;
 }
 
 void AddRun(std::string& text, bool succeeded) {
@@ -67,15 +67,15 @@ void AddErrors(std::string& text, const CErrorMessageTable& errors) {
         text.append(errors.GetMessage(i)).append("\n");
 }
 
-std::string RunInEngine(const Session& session) {
+std::string RunInEngine(const Scenario& scenario) {
     Engine engine;
-    engine.program.SetErrorHandling(session.stopOnError, nullptr, 0);
+    engine.program.SetErrorHandling(scenario.stopOnError, nullptr, 0);
     std::string seen;
     CErrorMessageTable errors;
-    for (const std::string& path : session.paths) {
+    for (const std::string& path : scenario.paths) {
         MacroCompiler(engine.program, engine.list, errors).CompileFile(path, nullptr);
         AddErrors(seen, errors);
-        for (int run = 0; run < session.runs; ++run) {
+        for (int run = 0; run < scenario.runs; ++run) {
             engine.list.BeginRun();
             AddRun(seen, engine.program.Run());
         }
@@ -89,12 +89,12 @@ std::string RunInEngine(const Session& session) {
     return seen;
 }
 
-std::string RunInReference(const Session& session) {
-    reference::Evaluator evaluator(session.stopOnError);
+std::string RunInReference(const Scenario& scenario) {
+    reference::Evaluator evaluator(scenario.stopOnError);
     std::string seen;
-    for (std::size_t i = 0; i < session.texts.size(); ++i) {
-        evaluator.Load(reference::Parse(session.texts[i]), session.paths[i]);
-        for (int run = 0; run < session.runs; ++run)
+    for (std::size_t i = 0; i < scenario.texts.size(); ++i) {
+        evaluator.Load(reference::Parse(scenario.texts[i]), scenario.paths[i]);
+        for (int run = 0; run < scenario.runs; ++run)
             AddRun(seen, evaluator.Run());
     }
     AddLines(seen, evaluator.GetErrors());
@@ -120,25 +120,25 @@ std::string Comparison::Explain() const {
 
 Comparison CompareWithReference(const std::uint8_t* data, std::size_t size) {
     static const test::TemporaryFolder folder;
-    Session session = GenerateSession(data, size);
+    Scenario scenario = GenerateScenario(data, size);
     Comparison comparison;
-    for (const std::string& text : session.texts) {
-        const std::string name = std::to_string(session.paths.size()) + ".mac";
-        session.paths.push_back(folder.Write(name, text));
+    for (const std::string& text : scenario.texts) {
+        const std::string name = std::to_string(scenario.paths.size()) + ".mac";
+        scenario.paths.push_back(folder.Write(name, text));
         comparison.program += "// " + name +
-                              (session.stopOnError ? ", stops on errors" : ", goes on after errors") +
-                              (session.runs > 1 ? ", runs twice\n" : "\n") + text;
+                              (scenario.stopOnError ? ", stops on errors" : ", goes on after errors") +
+                              (scenario.runs > 1 ? ", runs twice\n" : "\n") + text;
     }
     // The reference goes first: what costs it too much is kept away from the engine.
     try {
-        comparison.reference = RunInReference(session);
+        comparison.reference = RunInReference(scenario);
     } catch (const reference::TooExpensive&) {
         comparison.outcome = Comparison::Outcome::TooExpensive;
         return comparison;
     } catch (const reference::NotUnderstood& failure) {
         comparison.reference = std::string("not understood: ") + failure.what() + "\n";
     }
-    comparison.engine = RunInEngine(session);
+    comparison.engine = RunInEngine(scenario);
     if (comparison.engine != comparison.reference) comparison.outcome = Comparison::Outcome::Different;
     return comparison;
 }
