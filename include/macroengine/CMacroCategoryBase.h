@@ -49,6 +49,10 @@ public:
     ///
     /// An exception ends here: the statement fails with "category.command() threw an exception. (what)", or with
     /// "Memory allocation error" when it is the standard allocation failure.
+    ///
+    /// A command may call any function of this library, also on the file that is running it. There Load and Run
+    /// are refused; Abort and DeleteMacroFile end the run when the command has returned; what SetWorkDirectory
+    /// and RegisterCategory change holds for the next run and the next load, SetErrorHandling at once.
     virtual bool Run(CMacroPropertyIF* property) = 0;
 
     const char* GetCategoryName() const;  ///< The category as given, never null.
@@ -61,10 +65,11 @@ public:
     /// @return true.
     bool SetMacroCategoryList(const CMacroCategoryCmdList* list);
 
-    /// Finds another command of the same macro file, as a script would under the namespace in force.
+    /// Finds another command of the same macro file, as a script would under the namespace in force. For an
+    /// object that is registered with several files it is the file that it was registered with last.
     ///
-    /// @return the command, or null when there is none or this object is not registered. Not owned by the
-    /// caller.
+    /// @return the command, or null when there is none, when this object is not registered, or when that file
+    ///         has been deleted. Not owned by the caller.
     CMacroCategoryBase* GetMacroCategoryObject(const char* category, const char* property) const;
 
 private:

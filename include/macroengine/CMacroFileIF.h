@@ -138,4 +138,7 @@ MACROENGINE_API CMacroFileIF* CreateMacroFile(const std::string& name, bool flag
 MACROENGINE_API CMacroFileIF* CreateMacroFileNoRegisterRequest(const std::string& name, bool flag);
 
 /// Destroys the object and sets the pointer to null. A null pointer is left as it is.
+///
+/// While the file is running (a command deletes its own file) the run is asked to end as by Abort, and the object
+/// goes when Run returns: after that nobody may use another copy of the pointer, not even for the error lines.
 MACROENGINE_API void DeleteMacroFile(CMacroFileIF*& file);

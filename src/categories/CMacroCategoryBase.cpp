@@ -46,5 +46,6 @@ bool CMacroCategoryBase::SetMacroCategoryList(const CMacroCategoryCmdList* list)
 
 CMacroCategoryBase* CMacroCategoryBase::GetMacroCategoryObject(const char* category,
                                                                const char* property) const {
-    return list_ == nullptr ? nullptr : list_->FindCommand(OrEmpty(category), OrEmpty(property));
+    if (!CMacroCategoryCmdList::IsAlive(list_)) return nullptr;
+    return list_->FindCommand(OrEmpty(category), OrEmpty(property));
 }

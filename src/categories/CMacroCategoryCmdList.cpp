@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <exception>
+#include <mutex>
 #include <new>
+#include <unordered_set>
 #include <utility>
 
 #include "categories/BuiltinCommands.h"
@@ -13,7 +15,48 @@ using macroengine::CMacroCommonValue;
 using macroengine::CommandEntry;
 using macroengine::SourceUnit;
 
-CMacroCategoryCmdList::CMacroCategoryCmdList(const std::string& nameSpace) : namespaceStack_{nameSpace} {
+namespace {
+
+/// The lists of the process.
+struct ExistingLists {
+    static ExistingLists& Instance() {
+        // Never destroyed: a host may delete its files while the process ends.
+        static auto* const lists = new ExistingLists;
+        return *lists;
+    }
+
+    std::mutex mutex;
+    std::unordered_set<const CMacroCategoryCmdList*> lists;
+};
+
+/// @return what the exception has to say. It is a plug-in's own and may have nothing.
+std::string WhatOf(const std::exception& exception) {
+    const char* const what = exception.what();
+    return what == nullptr ? "" : what;
+}
+
+}  // namespace
+
+CMacroCategoryCmdList::Existence::Existence(const CMacroCategoryCmdList* list) : list_(list) {
+    ExistingLists& existing = ExistingLists::Instance();
+    const std::lock_guard<std::mutex> lock(existing.mutex);
+    existing.lists.insert(list_);
+}
+
+CMacroCategoryCmdList::Existence::~Existence() {
+    ExistingLists& existing = ExistingLists::Instance();
+    const std::lock_guard<std::mutex> lock(existing.mutex);
+    existing.lists.erase(list_);
+}
+
+bool CMacroCategoryCmdList::IsAlive(const CMacroCategoryCmdList* list) {
+    ExistingLists& existing = ExistingLists::Instance();
+    const std::lock_guard<std::mutex> lock(existing.mutex);
+    return existing.lists.count(list) != 0;
+}
+
+CMacroCategoryCmdList::CMacroCategoryCmdList(const std::string& nameSpace)
+    : existence_(this), namespaceStack_{nameSpace} {
     macroengine::RegisterBuiltinCommands(*this);
 }
 
@@ -138,7 +181,7 @@ bool CMacroCategoryCmdList::Execute(CommandEntry& entry, SourceUnit& unit, std::
     } catch (const std::exception& exception) {
         // A command is often somebody else's: what it throws fails its statement and goes no further.
         property.AddErrorMessage(
-            (entry.GetName() + "() threw an exception. (" + exception.what() + ")").c_str());
+            (entry.GetName() + "() threw an exception. (" + WhatOf(exception) + ")").c_str());
     } catch (...) {
         property.AddErrorMessage((entry.GetName() + "() threw an exception.").c_str());
     }

@@ -55,6 +55,9 @@ public:
     CMacroCategoryCmdList& operator=(const CMacroCategoryCmdList&) = delete;
     virtual ~CMacroCategoryCmdList();
 
+    /// @return whether the list still exists. A command may outlive the list that it was registered with.
+    static bool IsAlive(const CMacroCategoryCmdList* list);
+
     /// Registers a command under the names that it carries. The first registration of a name stays.
     ///
     /// @param companion  kept beside the command; may be null.
@@ -95,6 +98,18 @@ public:
                  const macroengine::CallOperands& operands, macroengine::CMacroCommonValue& result);
 
 private:
+    /// Keeps a list among those that exist.
+    class Existence {
+    public:
+        explicit Existence(const CMacroCategoryCmdList* list);
+        Existence(const Existence&) = delete;
+        Existence& operator=(const Existence&) = delete;
+        ~Existence();
+
+    private:
+        const CMacroCategoryCmdList* list_;
+    };
+
     struct CategoryEntry {
         std::string name;
         bool bareCall = false;
@@ -108,6 +123,7 @@ private:
     CMacroCategoryBase* Choose(macroengine::CommandEntry& entry) const;
     bool IsKnownNamespace(std::string_view name) const;
 
+    Existence existence_;
     std::unordered_map<std::string_view, std::unique_ptr<CategoryEntry>> categories_;
     std::vector<std::string> knownNamespaces_;
     std::vector<std::string> namespaceStack_;  ///< the last one is current

@@ -32,23 +32,24 @@ const char* RefusalIn(CMacroPrg::State state) {
 
 }  // namespace
 
-/// Takes the object for a load or a run, unless it is taken.
+/// Takes the object for a load or a run, unless it is taken. What was deleted meanwhile goes with the guard.
 class CMacroFile::ActivityGuard {
 public:
-    ActivityGuard(CMacroFile& file, Activity activity) : file_(file) {
+    ActivityGuard(CMacroFile& file, Activity activity) : file_(file), activity_(activity) {
         Activity expected = Activity::Idle;
         taken_ = file_.activity_.compare_exchange_strong(expected, activity);
     }
     ActivityGuard(const ActivityGuard&) = delete;
     ActivityGuard& operator=(const ActivityGuard&) = delete;
     ~ActivityGuard() {
-        if (taken_) file_.activity_.store(Activity::Idle);
+        if (taken_ && !file_.activity_.compare_exchange_strong(activity_, Activity::Idle)) delete &file_;
     }
 
     bool IsTaken() const { return taken_; }
 
 private:
     CMacroFile& file_;
+    Activity activity_;
     bool taken_;
 };
 
@@ -57,6 +58,15 @@ CMacroFile::CMacroFile(const std::string& nameSpace) : commands_(nameSpace) {
 }
 
 CMacroFile::~CMacroFile() = default;
+
+void CMacroFile::Delete() {
+    const Activity before = activity_.exchange(Activity::Deleted);
+    if (before == Activity::Idle) {
+        delete this;
+    } else {
+        program_.RequestAbort();
+    }
+}
 
 bool CMacroFile::Load(const char* path) {
     const ActivityGuard guard(*this, Activity::Loading);
@@ -179,6 +189,10 @@ CMacroFileIF* CreateMacroFileNoRegisterRequest(const std::string& name, bool) {
 }
 
 void DeleteMacroFile(CMacroFileIF*& file) {
-    delete file;
+    if (auto* const macro = dynamic_cast<macroengine::CMacroFile*>(file)) {
+        macro->Delete();
+    } else {
+        delete file;
+    }
     file = nullptr;
 }

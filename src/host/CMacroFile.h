@@ -15,7 +15,8 @@ namespace macroengine {
 /// The object that a host holds: one program, the commands that it may call, and the errors of both.
 ///
 /// Load and Run take the object for themselves as long as they work; a call of either meanwhile, from a
-/// command or from another thread, is refused. Abort never waits for them.
+/// command or from another thread, is refused. Abort never waits for them. A deletion meanwhile is put off until
+/// they return.
 class CMacroFile final : public CMacroFileIF {
 public:
     explicit CMacroFile(const std::string& nameSpace);
@@ -39,8 +40,12 @@ public:
 
     const CMacroPrg& GetProgram() const { return program_; }
 
+    /// Deletes the object, at once or, while a load or a run is under way, when that returns. The run is asked
+    /// to end.
+    void Delete();
+
 private:
-    enum class Activity { Idle, Loading, Running };
+    enum class Activity { Idle, Loading, Running, Deleted };
     class ActivityGuard;
 
     void TakeProgramErrors();
