@@ -6,13 +6,12 @@
 #include <vector>
 
 #include "categories/CMacroProperty.h"
+#include "runtime/Limits.h"
 #include "runtime/ValueText.h"
 
 namespace macroengine {
 
 namespace {
-
-constexpr std::size_t kLimit = std::size_t{64} << 20;
 
 void AppendQuoted(std::string_view text, std::string& out) {
     out += '"';
@@ -34,8 +33,8 @@ void AppendArray(const SharedArray& whole, std::string& out) {
     out += '[';
     while (!levels.empty()) {
         Level& level = levels.back();
-        if (out.size() >= kLimit) {
-            out.resize(kLimit);
+        if (out.size() >= limits::kArrayTextBytes) {
+            out.resize(limits::kArrayTextBytes);
             out += "...";
             return;
         }

@@ -1,6 +1,7 @@
 #include "compiler/MacroCompiler.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "compiler/NestingGuard.h"
@@ -34,7 +35,13 @@ bool MacroCompiler::CompileFile(const std::string& path, const CLex* parent) {
     if (parent != nullptr) lexer.MergeMacros(*parent);
     CLex* const outerLexer = std::exchange(lexer_, &lexer);
     SourceUnit* const outerUnit = std::exchange(unit_, &program_.AddSourceUnit(path, includeDepth_));
-    const bool compiled = StatementParser(*this).ParseProgram();
+    bool compiled = false;
+    try {
+        compiled = StatementParser(*this).ParseProgram();
+    } catch (const std::bad_alloc&) {
+        errors_.AddLocatedError(path.c_str(), static_cast<std::int32_t>(lexer.GetLine()),
+                                "Memory allocation error");
+    }
     lexer_ = outerLexer;
     unit_ = outerUnit;
     return compiled;
@@ -47,6 +54,10 @@ bool MacroCompiler::IncludeFile(std::string_view name, std::uint32_t line) {
     }
     const NestingGuard nesting(includeDepth_);
     if (nesting.IsTooDeep()) return ReportNesting(line, "#include");
+    if (++includeCount_ > limits::kIncludes) {
+        return ReportError(
+            line, "The number of \"#include\" is to up to " + std::to_string(limits::kIncludes) + ".");
+    }
 
     const std::string_view includer = unit_->fileName;
     const std::string_view file = name.substr(1, name.size() - 2);
@@ -142,7 +153,7 @@ bool MacroCompiler::ReportNesting(std::uint32_t line, std::string_view what) {
     return ReportError(line, std::string("The nest for \"")
                                  .append(what)
                                  .append("\" is to up to ")
-                                 .append(std::to_string(kNestingLimit))
+                                 .append(std::to_string(limits::kNesting))
                                  .append(" times."));
 }
 

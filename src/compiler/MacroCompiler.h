@@ -124,6 +124,7 @@ private:
     SourceUnit* unit_ = nullptr;
     std::vector<std::string> includeNames_;  ///< of the files in progress, quotes included
     std::uint32_t includeDepth_ = 0;
+    std::uint32_t includeCount_ = 0;
     std::uint32_t blockDepth_ = 0;
     std::uint32_t line_ = 0;
     CMacroPrg::Grouping grouping_ = CMacroPrg::Grouping::BySourceLine;

@@ -2,11 +2,9 @@
 
 #include <cstdint>
 
-namespace macroengine {
+#include "runtime/Limits.h"
 
-/// How deep constructs of one kind may stand inside each other. The parsers call themselves for each level,
-/// so the limit is what keeps a hostile file from exhausting the stack.
-constexpr std::uint32_t kNestingLimit = 256;
+namespace macroengine {
 
 /// Counts one level of nesting as long as it lives.
 class NestingGuard {
@@ -16,7 +14,7 @@ public:
     NestingGuard& operator=(const NestingGuard&) = delete;
     ~NestingGuard() { --depth_; }
 
-    bool IsTooDeep() const { return depth_ > kNestingLimit; }
+    bool IsTooDeep() const { return depth_ > limits::kNesting; }
 
 private:
     std::uint32_t& depth_;

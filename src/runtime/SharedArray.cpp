@@ -87,7 +87,7 @@ void SharedArray::Destroy(SharedArray* array) {
             const ValueView& cell = current->Cells()[i];
             if (cell.eType != ValueKind::Array) {
                 macroengine::Release(cell);
-            } else if (--cell.array->counts_.references == 0) {
+            } else if (cell.array->counts_.references.Drop()) {
                 cell.array->nextDead_ = dead;
                 dead = cell.array;
             }

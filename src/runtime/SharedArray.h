@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "runtime/Limits.h"
+#include "runtime/ReferenceCount.h"
 #include "runtime/ValueView.h"
 
 namespace macroengine {
@@ -18,7 +20,7 @@ public:
     enum class Form : std::uint32_t { Integers, Floatings, Cells };
 
     /// An element store refuses this index and any above it.
-    static constexpr std::uint32_t kIndexLimit = 134217728;
+    static constexpr std::uint32_t kIndexLimit = limits::kArrayIndex;
 
     /// @return an empty block with one reference.
     static SharedArray* Create() { return new SharedArray; }
@@ -29,14 +31,14 @@ public:
     SharedArray(const SharedArray&) = delete;
     SharedArray& operator=(const SharedArray&) = delete;
 
-    void AddReference() { ++counts_.references; }
+    void AddReference() { counts_.references.Add(); }
 
     /// Gives a reference back; the last one frees the block and what only it held.
     void Release() {
-        if (--counts_.references == 0) Destroy(this);
+        if (counts_.references.Drop()) Destroy(this);
     }
 
-    bool IsShared() const { return counts_.references > 1; }
+    bool IsShared() const { return counts_.references.IsShared(); }
 
     /// @return a block with one reference and the same elements; what they point to is shared.
     SharedArray* Clone() const;
@@ -117,7 +119,7 @@ public:
 private:
     struct Discard;
 
-    SharedArray() : counts_{1, 0} {}
+    SharedArray() : counts_{ReferenceCount(), 0} {}
     ~SharedArray();
 
     static void Destroy(SharedArray* array);
@@ -128,7 +130,7 @@ private:
     void FillTo(std::size_t size);
 
     struct Counts {
-        std::uint32_t references;
+        ReferenceCount references;
         std::uint32_t capacity;
     };
 

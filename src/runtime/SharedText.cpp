@@ -2,14 +2,15 @@
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
 #include <new>
+
+#include "runtime/Limits.h"
 
 namespace macroengine {
 
 namespace {
 
-constexpr std::size_t kLimit = std::numeric_limits<std::uint32_t>::max() - 64;
+constexpr std::size_t kLimit = limits::kTextBytes;
 
 /// What an allocator hands out for such a request anyway.
 std::size_t RoundUp(std::size_t size) {
@@ -22,8 +23,9 @@ SharedText* SharedText::Create(std::string_view first, std::string_view second, 
     const std::size_t length = first.size() + second.size();
     if (first.size() > kLimit || second.size() > kLimit || length > kLimit) throw std::bad_alloc();
     const std::size_t size = RoundUp(sizeof(SharedText) + std::max(length, std::min(capacity, kLimit)) + 1);
+    const std::size_t room = std::min(size - sizeof(SharedText) - 1, kLimit);
     void* const memory = ::operator new(size);
-    auto* const text = new (memory) SharedText(static_cast<std::uint32_t>(size - sizeof(SharedText) - 1));
+    auto* const text = new (memory) SharedText(static_cast<std::uint32_t>(room));
     text->Append(first);
     text->Append(second);
     return text;

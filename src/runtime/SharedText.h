@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "runtime/ReferenceCount.h"
+
 namespace macroengine {
 
 /// The bytes behind the text values of one program.
@@ -23,11 +25,11 @@ public:
     SharedText(const SharedText&) = delete;
     SharedText& operator=(const SharedText&) = delete;
 
-    void AddReference() { ++references_; }
+    void AddReference() { references_.Add(); }
 
     /// Gives a reference back; the last one frees the block.
     void Release() {
-        if (--references_ == 0) Destroy();
+        if (references_.Drop()) Destroy();
     }
 
     const char* Bytes() const { return reinterpret_cast<const char*>(this + 1); }
@@ -47,7 +49,7 @@ private:
     void Append(std::string_view text);
     void Destroy();
 
-    std::uint32_t references_ = 1;
+    ReferenceCount references_;
     std::uint32_t used_ = 0;
     std::uint32_t capacity_;
 };

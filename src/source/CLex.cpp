@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/CodePage.h"
+#include "runtime/Limits.h"
 #include "source/Characters.h"
 
 namespace macroengine {
@@ -127,7 +128,10 @@ bool CLex::Fill(Substitution substitution) {
         }
         // A macro with an empty body gives no token at all.
         substituted_.clear();
-        macros_->Substitute(text, substituted_);
+        if (!macros_->Substitute(text, substituted_)) {
+            return ReportError("The substitution for \"#define\" is to up to " +
+                               std::to_string(limits::kSubstitutedTokens) + " tokens.");
+        }
         for (const std::string_view part : substituted_) {
             Token token;
             if (!Classify(part, token)) return false;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "runtime/Limits.h"
+
 namespace macroengine {
 
 bool MacroTable::Define(std::string_view name, std::vector<std::string> body) {
@@ -28,12 +30,12 @@ const MacroTable::Entry* MacroTable::UseEntry(std::string_view text) {
     return found->second.get();
 }
 
-void MacroTable::Substitute(std::string_view text, std::vector<std::string_view>& texts) {
+bool MacroTable::Substitute(std::string_view text, std::vector<std::string_view>& texts) {
     ++substitutions_;
     const Entry* const first = UseEntry(text);
     if (first == nullptr) {
         texts.push_back(text);
-        return;
+        return true;
     }
     // A chain of macros may be as long as the file: the bodies still to be done are kept here, not on the
     // stack.
@@ -42,12 +44,16 @@ void MacroTable::Substitute(std::string_view text, std::vector<std::string_view>
         std::size_t next;
     };
     std::vector<Rest> rests{{first, 0}};
+    bool isFirst = true;
     while (!rests.empty()) {
         Rest& rest = rests.back();
         if (rest.next == rest.entry->body.size()) {
             rests.pop_back();
             continue;
         }
+        // Names are counted as well: a chain of them that ends in nothing takes its time all the same.
+        if (!isFirst && ++growth_ > limits::kSubstitutedTokens) return false;
+        isFirst = false;
         const std::string_view part = rest.entry->body[rest.next++];
         if (const Entry* const inner = UseEntry(part)) {
             rests.push_back({inner, 0});
@@ -55,6 +61,7 @@ void MacroTable::Substitute(std::string_view text, std::vector<std::string_view>
             texts.push_back(part);
         }
     }
+    return true;
 }
 
 }  // namespace macroengine

@@ -32,7 +32,9 @@ public:
 
     /// Replaces a text by the texts it stands for, and those by theirs. A name is replaced once at most in
     /// the whole substitution; where it comes up again it stands for itself.
-    void Substitute(std::string_view text, std::vector<std::string_view>& texts);
+    /// @return false when all substitutions together have added more than the limit. A name that stands for
+    /// one token adds nothing.
+    bool Substitute(std::string_view text, std::vector<std::string_view>& texts);
 
 private:
     struct Entry {
@@ -46,6 +48,7 @@ private:
 
     std::unordered_map<std::string_view, std::unique_ptr<Entry>> entries_;  ///< keyed by the entry's own name
     std::uint64_t substitutions_ = 0;
+    std::uint32_t growth_ = 0;
 };
 
 }  // namespace macroengine

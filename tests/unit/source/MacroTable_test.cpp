@@ -1,5 +1,6 @@
 #include "source/MacroTable.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
@@ -158,6 +159,29 @@ TEST(MacroTable, MacrosThatDoubleEachOtherDoNotExplode) {
     EXPECT_EQ(texts[1], "m100");
     EXPECT_EQ(texts[2], "m99");
     EXPECT_EQ(texts[100], "m1");
+}
+
+TEST(MacroTable, WhatSubstitutionsAddHasALimit) {
+    MacroTable table;
+    table.Define("TEN", Texts(10, "1"));
+    table.Define("ONE", {"1"});
+    table.Define("CHAIN", {"LINK"});
+    table.Define("LINK", {"NOTHING"});
+    table.Define("NOTHING", {});
+    std::vector<std::string_view> texts;
+    constexpr std::uint32_t kGrowthLimit = 8388608;
+    std::uint32_t growth = 0;
+    for (; growth + 9 <= kGrowthLimit; growth += 9) {
+        texts.clear();
+        ASSERT_TRUE(table.Substitute("TEN", texts)) << growth;
+    }
+    for (; growth < kGrowthLimit; ++growth)
+        ASSERT_TRUE(table.Substitute("CHAIN", texts)) << growth;
+    EXPECT_FALSE(table.Substitute("CHAIN", texts));
+    EXPECT_FALSE(table.Substitute("TEN", texts));
+    EXPECT_TRUE(table.Substitute("ONE", texts));
+    EXPECT_TRUE(table.Substitute("NOTHING", texts));
+    EXPECT_TRUE(table.Substitute("other", texts));
 }
 
 }  // namespace
