@@ -1,5 +1,7 @@
 #include "regdef/CRegDefFile.h"
 
+#include <new>
+
 #include "platform/CodePage.h"
 #include "regdef/Listing.h"
 #include "regdef/SectionParser.h"
@@ -15,14 +17,17 @@ CRegDefFile::~CRegDefFile() = default;
 
 bool CRegDefFile::Load(const char* path) {
     const std::string file = path == nullptr ? "" : path;
-    const LoadGuard guard(contents_);
     // The text of the file goes with the lexer at the end: what is kept of it has been copied.
     CLex lexer;
-    if (!lexer.LoadFile(file)) {
+    try {
+        const LoadGuard guard(contents_);
+        if (lexer.LoadFile(file)) return SectionParser(lexer, file, contents_).ParseFile();
         contents_.errors.TakeErrors(lexer.GetErrors());
-        return false;
+    } catch (const std::bad_alloc&) {
+        contents_.errors.AddLocatedError(file.c_str(), static_cast<std::int32_t>(lexer.GetLine()),
+                                         "Memory allocation error");
     }
-    return SectionParser(lexer, file, contents_).ParseFile();
+    return false;
 }
 
 std::uint32_t CRegDefFile::GetErrorCount() const {

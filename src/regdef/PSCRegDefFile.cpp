@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -41,6 +42,8 @@ std::string_view Cleaned(const Line& line) {
 class LineParser {
 public:
     LineParser(const std::string& path, RegisterContents& contents) : path_(path), contents_(contents) {}
+
+    std::int32_t GetLine() const { return lineNumber_; }
 
     void ParseLine(const Line& line) {
         ++lineNumber_;
@@ -108,6 +111,20 @@ private:
     PSCRegFields fields_;
 };
 
+bool ReadLines(const std::string& file, LineParser& parser, CErrorMessageTable& errors) {
+    LineReader lines;
+    if (!lines.Open(file)) {
+        errors.AddError("File open error. (" + file + ")");
+        return false;
+    }
+    for (Line line{}; lines.Next(line);)
+        parser.ParseLine(line);
+    parser.EndRegister();
+    if (!lines.HasReadError()) return true;
+    errors.AddError("File read error. (" + file + ")");
+    return false;
+}
+
 /// @return whether the bits of `second` go on where those of `first` end.
 bool Continues(const CRegFields& first, const CRegFields& second) {
     return second.address2Wire == first.address2Wire && second.lsb == first.lsb + first.length;
@@ -128,19 +145,14 @@ PSCRegDefFile::~PSCRegDefFile() = default;
 
 bool PSCRegDefFile::Load(const char* path) {
     const std::string file = path == nullptr ? "" : path;
-    const LoadGuard guard(contents_);
-    LineReader lines;
-    if (!lines.Open(file)) {
-        contents_.errors.AddError("File open error. (" + file + ")");
+    LineParser parser(file, contents_);
+    try {
+        const LoadGuard guard(contents_);
+        return ReadLines(file, parser, contents_.errors);
+    } catch (const std::bad_alloc&) {
+        contents_.errors.AddLocatedError(file.c_str(), parser.GetLine(), "Memory allocation error");
         return false;
     }
-    LineParser parser(file, contents_);
-    for (Line line{}; lines.Next(line);)
-        parser.ParseLine(line);
-    parser.EndRegister();
-    if (!lines.HasReadError()) return true;
-    contents_.errors.AddError("File read error. (" + file + ")");
-    return false;
 }
 
 bool PSCRegDefFile::MergeSplitRegisters() {
