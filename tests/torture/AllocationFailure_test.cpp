@@ -1,18 +1,17 @@
 #include <cstdint>
 #include <gtest/gtest.h>
-#include <memory>
 #include <new>
 #include <string>
 
 #include "api/MacroHost.h"
 #include "macroengine/CRegDefFileIF.h"
-#include "macroengine/CRegFieldsIF.h"
 #include "macroengine/PluginInfo.h"
 #include "macroengine/SystemVariable.h"
 #include "support/EncodedLine.h"
 #include "support/FailingAllocation.h"
 #include "support/TemporaryFolder.h"
-#include "torture/EveryFeature.h"
+#include "torture/FeatureHost.h"
+#include "torture/RegisterReaders.h"
 
 // Each test lets the first, the second, the third ... allocation of an operation fail, until none fails any
 // more. Whatever fails, nothing but std::bad_alloc comes out, and the same object then does it right.
@@ -22,6 +21,7 @@ namespace {
 
 using test::Failing;
 using test::FailingAllocation;
+using test::FeatureHost;
 using test::MacroHost;
 using test::ProbeCommand;
 
@@ -46,39 +46,6 @@ protected:
 INSTANTIATE_TEST_SUITE_P(AllocationFailure, AllocationFailure,
                          ::testing::Values(Failing::Once, Failing::ForEver),
                          [](const auto& test) { return test.param == Failing::Once ? "Once" : "ForEver"; });
-
-/// A macro file with every feature, which goes on after errors.
-class FeatureHost {
-public:
-    FeatureHost() : path_(test::WriteMacroOfEveryFeature(host_.GetFolder())) {
-        host_->RegisterCategory(nullptr, &fail_, false);
-        host_->SetErrorHandling(false, nullptr, 0);
-    }
-
-    bool Load() { return host_->Load(path_.c_str()); }
-    bool Run() { return host_->Run(); }
-
-    /// Runs the program. @return all that it has put out and reported.
-    std::string ResultOfRun() {
-        TakeResult();
-        host_->Run();
-        return TakeResult();
-    }
-
-    std::string TakeResult() {
-        const std::string errors = host_.TakeErrors();
-        return host_.TakeOutput() + "\n" + errors;
-    }
-
-private:
-    MacroHost host_;
-    ProbeCommand fail_{[](CMacroPropertyIF* property) {
-                           property->AddErrorMessage(property->GetArgString(0));
-                           return false;
-                       },
-                       "test", "fail"};
-    std::string path_;
-};
 
 bool EndsWith(const std::string& text, const std::string& end) {
     return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
@@ -189,56 +156,15 @@ TEST_P(AllocationFailure, SettingsMayBeRepeated) {
     }
 }
 
-// Register files
-
-constexpr const char* kSectioned =
-    "Sensor \"a board with a long name, for a text of some length\" 2\n"
-    "[ENDIAN]\nB:0..0x1F\nL:32..255\n"
-    "[REGISTER]\nREGISTER_NAME,ADDRESS_2WIRE,ADDRESS_3WIRE,LSB,LENGTH,RW,DESCRIPTION,FUNCTION\n"
-    "GAIN,0x10,0x20,0,8,RW,\"Gain, in dB, of the amplifier in front\",\"input\" // note\n"
-    "BROKEN,1,2,3\nUNKNOWN,0x999,0x999,0,8,RW\nNO_NUMBER,x,0,8,RW\n"
-    "OFFSET,0x11,0x21,4,4,RO,\"an \\\"escaped\\\" text of some length\",several words in a row\n";
-
-constexpr const char* kLineBased =
-    "HiAddress 12 // upper\nHiAddress wrong\nGAIN_WITH_A_NAME_OF_SOME_LENGTH h1Fr 34 0 8 // 5 % of all that "
-    "there is\n"
-    "//. a note that belongs to the register above, and is long\n//.and another\n\n"
-    "VAL u12*(0.5)+3 10034 0 8 33 0 4\nBAD value 1 2 3\nNEG -5 10 0 4\nNEG2 3 10 4 4\n";
-
-/// Describes the last `count` records of a reader.
-std::string LastRecords(CRegDefFileIF* file, std::uint32_t count) {
-    std::string text;
-    for (std::uint32_t i = file->GetRegisterCount() - count; i < file->GetRegisterCount(); ++i) {
-        const CRegFieldsIF& record = *file->GetRegister(i);
-        text.append(record.GetName()).append("|").append(record.GetDescription()).append("|");
-        text.append(record.GetFunction()).append("|").append(std::to_string(record.GetLsb())).append("|");
-        text.append(std::to_string(record.GetAddress2Wire())).append("|");
-        text.append(std::to_string(record.GetLength())).append("\n");
-    }
-    return text;
-}
-
-struct ReaderCase {
-    const char* name;
-    const char* text;
-    CRegDefFileIF* (*create)();
-    std::uint32_t records;
-};
-
-const ReaderCase kReaders[] = {
-    {"a.rgi", kSectioned, CreateRegDefFile, 2},
-    {"a.txt", kLineBased, CreatePSCRegDefFile, 5},
-};
-
 TEST_P(AllocationFailure, ARegisterFileMayBeLoadedAgain) {
     const test::TemporaryFolder folder;
-    for (const ReaderCase& reader : kReaders) {
+    for (const test::ReaderCase& reader : test::kReaders) {
         SCOPED_TRACE(reader.name);
         const std::string path = folder.Write(reader.name, reader.text);
         CRegDefFileIF* const whole = reader.create();
         whole->Load(path.c_str());
         ASSERT_EQ(whole->GetRegisterCount(), reader.records);
-        const std::string expected = LastRecords(whole, reader.records);
+        const std::string expected = test::LastRecords(whole, reader.records);
         const std::uint32_t errors = whole->GetErrorCount();
         ASSERT_GT(errors, 0U);
         DeleteRegDefFile(whole);
@@ -260,7 +186,7 @@ TEST_P(AllocationFailure, ARegisterFileMayBeLoadedAgain) {
             file->Load(path.c_str());
             ASSERT_EQ(file->GetRegisterCount(), recordsBefore + reader.records) << allowed;
             ASSERT_EQ(file->GetErrorCount(), errorsBefore + errors) << allowed;
-            ASSERT_EQ(LastRecords(file, reader.records), expected) << allowed;
+            ASSERT_EQ(test::LastRecords(file, reader.records), expected) << allowed;
             ASSERT_NE(std::string(file->GetListing()).find("GAIN"), std::string::npos) << allowed;
             DeleteRegDefFile(file);
         }

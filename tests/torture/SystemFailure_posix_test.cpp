@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+#include <string>
+
+#include "api/MacroHost.h"
+#include "macroengine/CRegDefFileIF.h"
+#include "macroengine/PluginInfo.h"
+#include "support/FailingSystem_posix.h"
+#include "torture/FeatureHost.h"
+#include "torture/RegisterReaders.h"
+
+// As for allocations, so for the calls of the system: the first, the second, the third ... fails until none does.
+// Whatever fails, the operation ends, and the same object then does it right.
+
+namespace macroengine {
+namespace {
+
+using test::FailingSystem;
+using test::FeatureHost;
+using test::MacroHost;
+using test::SystemPolicy;
+
+constexpr long kMostCalls = 10000;
+
+class SystemFailure : public ::testing::TestWithParam<bool> {
+protected:
+    /// Runs an operation with the call after the first `allowed` failing.
+    /// @return whether none failed.
+    template <class Operation>
+    static bool Try(long allowed, Operation operation) {
+        SystemPolicy policy;
+        policy.allowed = allowed;
+        policy.once = GetParam();
+        const FailingSystem failing(policy);
+        operation();
+        return FailingSystem::GetFailures() == 0;
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(SystemFailure, SystemFailure, ::testing::Bool(),
+                         [](const auto& test) { return test.param ? "Once" : "ForEver"; });
+
+TEST_P(SystemFailure, ALoadFailsOrSucceedsAndMayBeRepeated) {
+    bool succeeded = false;
+    for (long allowed = 0; !succeeded; ++allowed) {
+        ASSERT_LT(allowed, kMostCalls);
+        FeatureHost host;
+        bool loaded = false;
+        succeeded = Try(allowed, [&] { loaded = host.Load(); });
+        const std::string errors = host.TakeResult();
+        ASSERT_EQ(loaded, errors == "\n") << allowed << errors;
+        ASSERT_TRUE(host.Load()) << allowed << host.TakeResult();
+    }
+}
+
+TEST_P(SystemFailure, ARunMayBeRepeated) {
+    FeatureHost host;
+    ASSERT_TRUE(host.Load()) << host.TakeResult();
+    const std::string expected = host.ResultOfRun();
+    bool succeeded = false;
+    for (long allowed = 0; !succeeded; ++allowed) {
+        ASSERT_LT(allowed, kMostCalls);
+        succeeded = Try(allowed, [&] { host.Run(); });
+        ASSERT_EQ(host.ResultOfRun(), expected) << allowed;
+    }
+}
+
+TEST_P(SystemFailure, AProgramIsStartedOrNot) {
+    MacroHost host;
+    ASSERT_TRUE(
+        host.Load("code = system.command_exec(5, \"/bin\", \"sh\", \"-c\", \"\\\"exit 7\\\"\")\n"
+                  "test.put(code)\n"));
+    bool succeeded = false;
+    for (long allowed = 0; !succeeded; ++allowed) {
+        ASSERT_LT(allowed, kMostCalls);
+        bool ran = false;
+        // What fails in the child shows here only by its result.
+        succeeded = Try(allowed, [&] { ran = host->Run(); }) && ran;
+        ASSERT_EQ(host.TakeOutput(), ran ? "7" : "") << allowed;
+        ASSERT_EQ(host.TakeErrors() == "", ran) << allowed;
+        ASSERT_TRUE(host->Run()) << allowed << host.TakeErrors();
+        ASSERT_EQ(host.TakeOutput(), "7") << allowed;
+    }
+}
+
+TEST_P(SystemFailure, TheTableOfPluginsIsThereOrNot) {
+    int window = 0;
+    const HWND handle = reinterpret_cast<HWND>(&window);
+    bool succeeded = false;
+    for (long allowed = 0; !succeeded; ++allowed) {
+        ASSERT_LT(allowed, kMostCalls);
+        int id = 0;
+        HWND found = nullptr;
+        succeeded = Try(allowed, [&] {
+            SetMacroPluginInfo(7, handle);
+            GetMacroPluginInfo(0, &id, &found);
+        });
+        RemoveMacroPluginInfo(handle);
+        SetMacroPluginInfo(8, handle);
+        ASSERT_TRUE(GetMacroPluginInfo(0, &id, &found)) << allowed;
+        ASSERT_EQ(id, 8) << allowed;
+        RemoveMacroPluginInfo(handle);
+        ASSERT_FALSE(GetMacroPluginInfo(0, &id, &found)) << allowed;
+    }
+}
+
+TEST_P(SystemFailure, ARegisterFileMayBeLoadedAgain) {
+    const test::TemporaryFolder folder;
+    for (const test::ReaderCase& reader : test::kReaders) {
+        const std::string path = folder.Write(reader.name, reader.text);
+        // A sanitizer that meets a kind of object for the first time looks at it by calls of the system.
+        CRegDefFileIF* const first = reader.create();
+        first->Load(path.c_str());
+        DeleteRegDefFile(first);
+        bool succeeded = false;
+        for (long allowed = 0; !succeeded; ++allowed) {
+            ASSERT_LT(allowed, kMostCalls);
+            CRegDefFileIF* const file = reader.create();
+            succeeded = Try(allowed, [&] { file->Load(path.c_str()); });
+            ASSERT_GT(file->GetErrorCount(), 0U) << allowed;
+            const std::uint32_t before = file->GetRegisterCount();
+            file->Load(path.c_str());
+            ASSERT_EQ(file->GetRegisterCount(), before + reader.records) << allowed;
+            DeleteRegDefFile(file);
+        }
+    }
+}
+
+/// @return what comes of the macro of every feature, loaded and run while the system behaves so.
+std::string ResultUnder(const SystemPolicy& policy) {
+    FeatureHost host;
+    {
+        const FailingSystem failing(policy);
+        host.Load();
+        host.Run();
+    }
+    return host.TakeResult();
+}
+
+TEST(SystemManners, InterruptedCallsAreRepeated) {
+    SystemPolicy interrupted;
+    interrupted.isInterrupted = true;
+    EXPECT_EQ(ResultUnder(interrupted), ResultUnder({}));
+}
+
+TEST(SystemManners, ShortReadsAndWritesAreContinued) {
+    SystemPolicy isShort;
+    isShort.isShort = true;
+    EXPECT_EQ(ResultUnder(isShort), ResultUnder({}));
+}
+
+TEST(SystemManners, AnInterruptedWaitForAProgramGoesOn) {
+    SystemPolicy interrupted;
+    interrupted.isInterrupted = true;
+    MacroHost host;
+    ASSERT_TRUE(
+        host.Load("code = system.command_exec(5, \"/bin\", \"sh\", \"-c\", \"\\\"exit 7\\\"\")\n"
+                  "test.put(code)\n"));
+    {
+        const FailingSystem failing(interrupted);
+        EXPECT_TRUE(host->Run());
+    }
+    EXPECT_EQ(host.TakeOutput(), "7");
+}
+
+}  // namespace
+}  // namespace macroengine
