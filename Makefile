@@ -1,7 +1,7 @@
 # What one types every day. CMakePresets.json holds the builds, docs/building.md the explanations.
 
-.PHONY: build demo test test-editors fuzz bench performance docs package check-format format tidy clean \
-        install-dependencies
+.PHONY: build demo test test-editors fuzz check bench performance docs package check-format format tidy \
+        clean install-dependencies
 
 build:
 	cmake --preset release
@@ -26,6 +26,10 @@ SECONDS ?= 60
 fuzz:
 	@scripts/install_dependencies
 	@scripts/fuzz $(SECONDS)
+
+check:
+	@scripts/install_dependencies check
+	@scripts/run_checks
 
 # make bench BENCH_OPTIONS="--rounds 9 --markdown sieve sort"
 bench:
