@@ -159,10 +159,11 @@ INSTANTIATE_TEST_SUITE_P(
              "1\nendloop\n",
              {"c = [[integer 9, integer 0], [integer 9, integer 1], [integer 9, integer 2]]"}},
         Case{"AVariableAddedToItself", "a = 1\nloop a < 99\n a = a + a\nendloop\n", {"a = integer 128"}},
-        Case{"ALimitThatMoves", "a = 0\nc = 9\nloop a < c\n c = c - 1\n a = a + 1\nendloop\n",
+        Case{"ALimitThatMoves",
+             "a = 0\nc = 9\nloop a < c\n c = c - 1\n a = a + 1\nendloop\n",
              {"a = integer 5", "c = integer 4"}},
         Case{"AFloatingStep",
-             "a = 0\nloop a < 3\n a = a + 0.5\n b = b0\nendloop\n",
+             "a = 0.0\nloop a < 3\n a = a + 0.5\n b = b0\nendloop\n",
              {"main.mac(4): error : Didn't define valiable name[b0]"}}),
     [](const testing::TestParamInfo<Case>& test) { return test.param.name; });
 
