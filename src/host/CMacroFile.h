@@ -38,6 +38,8 @@ public:
     bool SetLineNotification(std::uint32_t code, HWND target, std::uint32_t enableCount) override;
     bool SetErrorHandling(bool stopOnError, HWND target, std::uint32_t code) override;
 
+    void SetLimits(const MacroLimits& limits) { program_.SetLimits(limits); }
+
     const CMacroPrg& GetProgram() const { return program_; }
 
     /// Deletes the object, at once or, while a load or a run is under way, when that returns. The run is asked

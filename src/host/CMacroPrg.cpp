@@ -153,6 +153,14 @@ bool CMacroPrg::RunGroups() {
     }
     passedError_ = false;
 
+    const bool isLimited = limits_.statements != 0 || limits_.seconds > 0.0 || limits_.valueBytes != 0;
+    if (!isLimited) return RunGroups(nullptr);
+    RunMeter meter(limits_, variables_);
+    return RunGroups(&meter);
+}
+
+/// @param meter  null for a run without limits.
+bool CMacroPrg::RunGroups(RunMeter* meter) {
     const bool usesPlans = usesPlans_ && !HasBreakpoints();
     ExecutionPlan* plan = nullptr;  // of the loop under way
     std::size_t group = 0;
@@ -168,7 +176,7 @@ bool CMacroPrg::RunGroups() {
         }
         auto progress = plan::Progress::ToRun;
         if (plan != nullptr && plan->Covers(group) && GetState() == State::Running) {
-            const plan::Exit exit = plan->Run(group, state_, current_);
+            const plan::Exit exit = plan->Run(group, state_, current_, meter);
             if (exit.statement == statements_.size()) break;
             current_ = exit.statement;
             progress = exit.progress;
@@ -178,9 +186,15 @@ bool CMacroPrg::RunGroups() {
         std::size_t nextGroup = group + 1;
         for (; current_ < end; ++current_) {
             CMacroStatementBase& statement = *statements_[current_];
+            if (meter != nullptr && progress == plan::Progress::ToRun && !meter->Take(1)) {
+                return EndAtLimit(statement, *meter);
+            }
             const bool succeeded =
                 progress == plan::Progress::ToRun ? statement.vfRun() : progress == plan::Progress::HasRun;
             progress = plan::Progress::ToRun;
+            if (meter != nullptr && !succeeded && meter->HasFailedStatement()) {
+                return EndAtLimit(statement, *meter);
+            }
             if (!succeeded && !PassOver(statement)) return false;
             if (IsAborted()) return FailAt(statement, kAborted);
             const std::int32_t next = statement.GetNextIndex();
@@ -190,7 +204,7 @@ bool CMacroPrg::RunGroups() {
             }
         }
         if (usesPlans && nextGroup <= group && (plan == nullptr || !plan->Covers(nextGroup))) {
-            plan = plans_.Find(nextGroup);
+            plan = plans_.Find(nextGroup, meter != nullptr);
         }
         group = nextGroup;
         State state = GetState();
@@ -212,6 +226,13 @@ std::size_t CMacroPrg::GroupOfCurrent() const {
 bool CMacroPrg::HasBreakpoints() const {
     return std::any_of(units_.begin(), units_.end(),
                        [](const SourceUnit& unit) { return unit.hasBreakpoints; });
+}
+
+/// Ends the run as an abort does, with the limit in place of what the statement may have said.
+bool CMacroPrg::EndAtLimit(const CMacroStatementBase& statement, const RunMeter& meter) {
+    RequestAbort();
+    statements_[current_]->GetErrors().Clear();
+    return FailAt(statement, meter.GetMessage().c_str());
 }
 
 bool CMacroPrg::IsAborted() const {

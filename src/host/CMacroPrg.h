@@ -8,8 +8,10 @@
 #include <vector>
 
 #include "host/CErrorMessageTable.h"
+#include "macroengine/Limits.h"
 #include "macroengine/WindowHandle.h"
 #include "runtime/CMacroStatementBase.h"
+#include "runtime/RunMeter.h"
 #include "runtime/RunState.h"
 #include "runtime/SourceUnit.h"
 #include "runtime/VariableTable.h"
@@ -74,6 +76,9 @@ public:
     void SetLineNotification(std::uint32_t code, HWND target, std::uint32_t enableCount);
     void SetErrorHandling(bool stopOnError, HWND target, std::uint32_t code);
 
+    /// Sets the limits of the runs that follow.
+    void SetLimits(const MacroLimits& limits) { limits_ = limits; }
+
     /// Whether loops run by their plans (the default of a build with MACROENGINE_EXECUTION_PLAN) or statement
     /// by statement. Nobody can tell but by the time it takes.
     void UsePlans(bool use) { usesPlans_ = use; }
@@ -90,6 +95,8 @@ private:
     bool IsInLastGroup(const CMacroStatementBase& statement) const;
     void ResolveWorkDirectory();
     bool RunGroups();
+    bool RunGroups(RunMeter* meter);
+    bool EndAtLimit(const CMacroStatementBase& statement, const RunMeter& meter);
     std::size_t EndOfGroup(std::size_t group) const;
     std::size_t GroupOfCurrent() const;
     bool HasBreakpoints() const;
@@ -117,6 +124,7 @@ private:
     std::string sourcePath_;
     Notification lineNotification_{0xFFFFFFFF, nullptr, 0};
     bool stopOnError_ = true;
+    MacroLimits limits_;
     HWND errorTarget_ = nullptr;
     std::uint32_t errorCode_ = 0;
 };

@@ -27,7 +27,7 @@ std::size_t ElementSize(Form form) {
 void* Allocate(Form form, std::size_t capacity) {
     const std::size_t most = std::numeric_limits<std::size_t>::max() / ElementSize(form);
     if (capacity > std::min(kMaxCapacity, most)) throw std::bad_alloc();
-    return ::operator new(capacity* ElementSize(form));
+    return ValueMeter::Allocate(capacity * ElementSize(form));
 }
 
 /// @return the form in which a value of the kind is kept when it is alone.
@@ -41,8 +41,15 @@ Form FormOf(ValueKind kind) {
 
 /// Frees a block that runs out of memory while it is made.
 struct SharedArray::Discard {
-    void operator()(SharedArray* array) const { delete array; }
+    void operator()(SharedArray* array) const {
+        array->JoinDead(nullptr);
+        delete array;
+    }
 };
+
+std::size_t SharedArray::GetBytes() const {
+    return sizeof(SharedArray) + counts_.capacity * ElementSize(form_);
+}
 
 SharedArray::~SharedArray() {
     ::operator delete(elements_);
@@ -75,10 +82,16 @@ SharedArray* SharedArray::Clone() const {
     return copy.release();
 }
 
+/// Puts a block that nobody refers to before others that wait to be freed; its counts are gone then.
+void SharedArray::JoinDead(SharedArray* next) {
+    ValueMeter::GiveBack(counts_.capacity * ElementSize(form_));
+    nextDead_ = next;
+}
+
 void SharedArray::Destroy(SharedArray* array) {
     // An array may be nested as deep as a script likes: the dead ones form a chain instead of a recursion.
     SharedArray* dead = array;
-    dead->nextDead_ = nullptr;
+    dead->JoinDead(nullptr);
     while (dead != nullptr) {
         SharedArray* const current = dead;
         dead = current->nextDead_;
@@ -88,7 +101,7 @@ void SharedArray::Destroy(SharedArray* array) {
             if (cell.eType != ValueKind::Array) {
                 macroengine::Release(cell);
             } else if (cell.array->counts_.references.Drop()) {
-                cell.array->nextDead_ = dead;
+                cell.array->JoinDead(dead);
                 dead = cell.array;
             }
         }
@@ -116,6 +129,7 @@ void SharedArray::Rebuild(Form form, std::size_t capacity) {
     } else if (size_ != 0) {
         std::memcpy(elements, elements_, size_ * ElementSize(form));
     }
+    ValueMeter::GiveBack(counts_.capacity * ElementSize(form_));
     ::operator delete(elements_);
     elements_ = elements;
     form_ = form;

@@ -6,6 +6,7 @@
 
 #include "runtime/Limits.h"
 #include "runtime/ReferenceCount.h"
+#include "runtime/ValueMeter.h"
 #include "runtime/ValueView.h"
 
 namespace macroengine {
@@ -45,6 +46,9 @@ public:
 
     std::uint32_t GetSize() const { return size_; }
     Form GetForm() const { return form_; }
+
+    /// The bytes that the block and the room for its elements take.
+    std::size_t GetBytes() const;
 
     // The elements themselves, GetSize() of them, valid until the block changes. Only those of the block's
     // own form may be asked for, and only a block that is not shared may be written through them.
@@ -119,10 +123,17 @@ public:
 private:
     struct Discard;
 
+    static void* operator new(std::size_t bytes) { return ValueMeter::Allocate(bytes); }
+    static void operator delete(void* memory) {
+        ValueMeter::GiveBack(sizeof(SharedArray));
+        ::operator delete(memory);
+    }
+
     SharedArray() : counts_{ReferenceCount(), 0} {}
     ~SharedArray();
 
     static void Destroy(SharedArray* array);
+    void JoinDead(SharedArray* next);
 
     Form FormWith(std::uint32_t index, ValueKind kind) const;
     void SetInGeneral(std::uint32_t index, const ValueView& value);

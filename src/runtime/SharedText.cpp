@@ -5,6 +5,7 @@
 #include <new>
 
 #include "runtime/Limits.h"
+#include "runtime/ValueMeter.h"
 
 namespace macroengine {
 
@@ -24,7 +25,7 @@ SharedText* SharedText::Create(std::string_view first, std::string_view second, 
     if (first.size() > kLimit || second.size() > kLimit || length > kLimit) throw std::bad_alloc();
     const std::size_t size = RoundUp(sizeof(SharedText) + std::max(length, std::min(capacity, kLimit)) + 1);
     const std::size_t room = std::min(size - sizeof(SharedText) - 1, kLimit);
-    void* const memory = ::operator new(size);
+    void* const memory = ValueMeter::Allocate(size);
     auto* const text = new (memory) SharedText(static_cast<std::uint32_t>(room));
     text->Append(first);
     text->Append(second);
@@ -45,6 +46,7 @@ bool SharedText::Extend(std::uint32_t length, std::string_view text) {
 }
 
 void SharedText::Destroy() {
+    ValueMeter::GiveBack(GetBytes());
     this->~SharedText();
     ::operator delete(this);
 }

@@ -37,6 +37,9 @@ public:
     /// The bytes in use. A NUL follows them.
     std::uint32_t GetUsed() const { return used_; }
 
+    /// The bytes that the block takes.
+    std::size_t GetBytes() const { return sizeof(SharedText) + capacity_ + 1; }
+
     /// Extends the block in place by a text, which may be a part of the block itself.
     /// @return false when there is no room or when a value of that length is not the longest.
     bool Extend(std::uint32_t length, std::string_view text);

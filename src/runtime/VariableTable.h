@@ -29,6 +29,13 @@ public:
 
     std::size_t GetCount() const { return variables_.size(); }
 
+    /// Calls `visit(variable)` for each, also for those without a value.
+    template <class Visit>
+    void ForEach(Visit visit) const {
+        for (const Variable& variable : variables_)
+            visit(variable);
+    }
+
 private:
     std::deque<Variable> variables_;
     std::unordered_map<std::string_view, Variable*> byName_;  ///< keyed by the variables' own names

@@ -24,7 +24,8 @@ struct ProgramText {
 class ExecutionPlan {
 public:
     /// Derives the plan of the groups from `firstGroup` up to `endGroup`, which is where the loop is left.
-    ExecutionPlan(const ProgramText& program, std::size_t firstGroup, std::size_t endGroup);
+    /// @param counts  whether its statements are counted, for a run that has limits.
+    ExecutionPlan(const ProgramText& program, std::size_t firstGroup, std::size_t endGroup, bool counts);
     ExecutionPlan(const ExecutionPlan&) = delete;
     ExecutionPlan& operator=(const ExecutionPlan&) = delete;
 
@@ -34,8 +35,10 @@ public:
     ///
     /// @param state    the state of the program; the plan stops when it is no longer running.
     /// @param current  receives the statement under way when an exception leaves it.
+    /// @param meter    of a run that has limits, for a plan that counts; else null.
     /// @return where the plan has stopped.
-    plan::Exit Run(std::size_t group, const std::atomic<RunState>& state, std::size_t& current);
+    plan::Exit Run(std::size_t group, const std::atomic<RunState>& state, std::size_t& current,
+                   RunMeter* meter);
 
 private:
     friend class PlanBuilder;
@@ -43,6 +46,7 @@ private:
     const ProgramText program_;
     std::size_t firstGroup_;
     std::size_t endGroup_;
+    bool counts_;
     std::vector<plan::Step> steps_;
     std::vector<plan::StepOrigin> origins_;  ///< of the steps
     std::vector<plan::Step*> entries_;       ///< for each group its first step

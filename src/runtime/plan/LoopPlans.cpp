@@ -8,15 +8,17 @@ namespace macroengine {
 
 using Control = CMacroStatementControl::Control;
 
-ExecutionPlan* LoopPlans::Find(std::size_t group) {
-    if (knownStatements_ != program_.statements.size()) FindRanges();
+ExecutionPlan* LoopPlans::Find(std::size_t group, bool counts) {
+    if (knownStatements_ != program_.statements.size() || counts != counts_) FindRanges();
+    counts_ = counts;
     const auto behind =
         std::upper_bound(ranges_.begin(), ranges_.end(), group,
                          [](std::size_t wanted, const Range& range) { return wanted < range.first; });
     if (behind == ranges_.begin()) return nullptr;
     Range& range = *std::prev(behind);
     if (group >= range.end) return nullptr;
-    if (range.plan == nullptr) range.plan = std::make_unique<ExecutionPlan>(program_, range.first, range.end);
+    if (range.plan == nullptr)
+        range.plan = std::make_unique<ExecutionPlan>(program_, range.first, range.end, counts);
     return range.plan.get();
 }
 

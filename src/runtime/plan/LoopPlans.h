@@ -16,8 +16,9 @@ public:
     explicit LoopPlans(const ProgramText& program) : program_(program) {}
 
     /// Finds the plan of the outermost loop around a group that is jumped back to.
+    /// @param counts  whether the plan is to count its statements, for a run that has limits.
     /// @return null when the group is in no loop.
-    ExecutionPlan* Find(std::size_t group);
+    ExecutionPlan* Find(std::size_t group, bool counts);
 
 private:
     /// An outermost loop: the groups from `first` up to where it is left.
@@ -31,6 +32,7 @@ private:
 
     const ProgramText program_;
     std::size_t knownStatements_ = 0;  ///< the size of the program when the ranges were found
+    bool counts_ = false;              ///< what the plans do
     std::vector<Range> ranges_;        ///< in order
 };
 

@@ -48,8 +48,11 @@ void PlanBuilder::Build() {
         groupSteps_.push_back(static_cast<std::uint32_t>(plan_.steps_.size()));
         BuildCheck();
         const std::size_t end = EndOfGroup(group_);
-        for (std::size_t i = program_.groupStarts[group_]; i < end;)
+        countedEnd_ = 0;
+        for (std::size_t i = program_.groupStarts[group_]; i < end;) {
+            if (i >= countedEnd_) BuildCount(i, end);
             i = BuildStatement(i, end);
+        }
     }
     AddExit(static_cast<std::int32_t>(plan_.endGroup_));
     Connect();
@@ -61,6 +64,30 @@ void PlanBuilder::BuildCheck() {
     checkFrom_ = plan_.steps_.size() + kStepsPerCheck;
     AddStep(plan::CheckState);
     plan_.origins_.back().jumpStatement = program_.groupStarts[group_];
+}
+
+/// Has the statements counted that run together: those up to the next one that may lead elsewhere.
+void PlanBuilder::BuildCount(std::size_t first, std::size_t end) {
+    if (!plan_.counts_) return;
+    std::size_t last = first;
+    while (last + 1 < end && KindAt(last) != Kind::Control)
+        ++last;
+    countedEnd_ = last + 1;
+    std::size_t count = countedEnd_ - first;
+    // The end of a loop decides about the next turn with the statements of its beginning.
+    if (KindAt(first) == Kind::Control) {
+        const auto& control = StatementAt<CMacroStatementControl>(first);
+        if (control.GetControl() == Control::EndLoop && control.GetJumpTarget() >= 0) {
+            const auto loopGroup = static_cast<std::size_t>(control.GetJumpTarget());
+            if (CanTestAtEnd(loopGroup)) count += EndOfGroup(loopGroup) - program_.groupStarts[loopGroup];
+        }
+    }
+    BeginSteps(first);
+    Step& step = AddStep(plan::CountStatements);
+    step.statementCount = static_cast<std::uint32_t>(count);
+    plan_.origins_.back().jumpStatement = static_cast<std::uint32_t>(first);
+    EndSteps(first);
+    counted_ = static_cast<std::uint32_t>(count);
 }
 
 std::size_t PlanBuilder::EndOfGroup(std::size_t group) const {
@@ -117,6 +144,7 @@ void PlanBuilder::EndSteps(std::size_t endStatement) {
         plan_.origins_[i].firstStatement = static_cast<std::uint32_t>(sequenceStatement_);
         plan_.origins_[i].endStatement = static_cast<std::uint32_t>(endStatement);
         plan_.origins_[i].after = static_cast<std::uint32_t>(plan_.steps_.size());
+        plan_.origins_[i].countedEnd = static_cast<std::uint32_t>(countedEnd_);
     }
 }
 
@@ -345,6 +373,7 @@ void PlanBuilder::BuildJump(std::size_t index, std::size_t group) {
     AddStep(isBack ? plan::JumpBack : plan::Jump);
     plan_.origins_.back().jumpGroup = static_cast<std::int32_t>(group);
     plan_.origins_.back().jumpStatement = static_cast<std::uint32_t>(index);
+    plan_.origins_.back().countedByJump = counted_;
     BeginSteps(index);
     EndSteps(index + 1);
 }
@@ -365,6 +394,11 @@ void PlanBuilder::JoinAdvance(std::size_t endLoop, const CMacroStatementCompare&
     if (joined != nullptr) advance.run = joined;
 }
 
+/// @return whether the end of a loop, in the group being built, can do the work of its beginning.
+bool PlanBuilder::CanTestAtEnd(std::size_t loopGroup) const {
+    return plan_.Covers(loopGroup) && loopGroup < group_ && IsPlainLoop(loopGroup);
+}
+
 /// @return whether a group is a loop's condition made of comparisons alone, followed by its control statement.
 bool PlanBuilder::IsPlainLoop(std::size_t group) const {
     const std::size_t last = EndOfGroup(group) - 1;
@@ -379,7 +413,7 @@ bool PlanBuilder::IsPlainLoop(std::size_t group) const {
 
 /// Builds the condition of a loop once more at its end, where it decides about the next turn.
 bool PlanBuilder::BuildLoopEnd(std::size_t index, std::size_t loopGroup) {
-    if (!plan_.Covers(loopGroup) || loopGroup >= group_ || !IsPlainLoop(loopGroup)) return false;
+    if (!CanTestAtEnd(loopGroup)) return false;
     const std::size_t start = plan_.steps_.size();
     const std::size_t loop = EndOfGroup(loopGroup) - 1;
     for (std::size_t i = program_.groupStarts[loopGroup]; i < loop; ++i) {
@@ -392,9 +426,13 @@ bool PlanBuilder::BuildLoopEnd(std::size_t index, std::size_t loopGroup) {
             return false;
         }
         EndSteps(isLast ? loop + 1 : i + 1);
+        // They were counted up to the loop's own statement.
+        for (std::size_t s = sequenceStart_; s < plan_.steps_.size(); ++s)
+            plan_.origins_[s].countedEnd = plan_.counts_ ? static_cast<std::uint32_t>(loop + 1) : 0;
     }
     plan_.origins_.back().jumpGroup = static_cast<std::int32_t>(loopGroup + 1);
     plan_.origins_.back().jumpStatement = static_cast<std::uint32_t>(index);
+    plan_.origins_.back().countedByJump = counted_;
     if (plan_.steps_.size() == start + 1) {
         JoinAdvance(index, StatementAt<CMacroStatementCompare>(loop - 1));
     }

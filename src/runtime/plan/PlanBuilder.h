@@ -41,6 +41,7 @@ private:
     bool BuildLoopEnd(std::size_t index, std::size_t loopGroup);
     void JoinAdvance(std::size_t endLoop, const CMacroStatementCompare& compare);
     void BuildCheck();
+    void BuildCount(std::size_t first, std::size_t end);
 
     // Operands: each of these returns where a step finds the value, null for what only a statement can do.
     const ValueView* FindSlot(const ValueView& operand);
@@ -76,6 +77,7 @@ private:
     bool BranchesOn(const CMacroStatementControl& control, std::size_t group,
                     CMacroStatementCompare& compare) const;
     bool IsPlainLoop(std::size_t group) const;
+    bool CanTestAtEnd(std::size_t loopGroup) const;
 
     static constexpr std::size_t kStepsPerCheck = 1000;
 
@@ -85,6 +87,8 @@ private:
     std::size_t checkFrom_ = kStepsPerCheck;  ///< the number of steps from which on a check is due
     std::size_t sequenceStart_ = 0;           ///< the first step of the statements being built
     std::size_t sequenceStatement_ = 0;       ///< the first of those statements
+    std::size_t countedEnd_ = 0;              ///< the end of the statements that were counted
+    std::uint32_t counted_ = 0;               ///< how many that were
     std::vector<std::uint32_t> groupSteps_;   ///< for each group the index of its first step
     std::map<std::int32_t, std::uint32_t> exits_;
 };

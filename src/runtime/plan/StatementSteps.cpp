@@ -6,7 +6,14 @@ namespace {
 
 Step* LeaveForGroup(std::size_t group, Frame& frame) {
     const bool isInProgram = group < frame.groupStarts.size();
-    return Leave(frame, isInProgram ? frame.groupStarts[group] : frame.statements.size(), Progress::ToRun);
+    return Leave(frame, isInProgram ? frame.groupStarts[group] : frame.statements.size(), Progress::ToRun, 0);
+}
+
+/// Leaves to the statements what follows one that has run.
+Step* LeaveBehind(const Step* step, std::size_t statement, Progress progress, Frame& frame) {
+    const std::size_t next = statement + 1;
+    const std::uint32_t counted = frame.OriginOf(step).countedEnd;
+    return Leave(frame, statement, progress, counted > next ? counted - static_cast<std::uint32_t>(next) : 0);
 }
 
 Step* EnterGroup(std::size_t group, Frame& frame) {
@@ -22,8 +29,8 @@ Step* RunStatements(Step* step, Frame& frame) {
     for (std::size_t i = origin.firstStatement; i < origin.endStatement; ++i) {
         frame.current = i;
         CMacroStatementBase& statement = *frame.statements[i];
-        if (!statement.vfRun()) return Leave(frame, i, Progress::HasFailed);
-        if (!frame.IsRunning()) return Leave(frame, i, Progress::HasRun);
+        if (!statement.vfRun()) return LeaveBehind(step, i, Progress::HasFailed, frame);
+        if (!frame.IsRunning()) return LeaveBehind(step, i, Progress::HasRun, frame);
         const std::int32_t next = statement.GetNextIndex();
         if (next != CMacroStatementBase::kNextInOrder) {
             return EnterGroup(static_cast<std::uint32_t>(next), frame);
@@ -34,8 +41,9 @@ Step* RunStatements(Step* step, Frame& frame) {
 
 Step* RunStatement(Step* step, Frame& frame) {
     frame.current = step->statementIndex;
-    if (!step->statement->vfRun()) return Leave(frame, step->statementIndex, Progress::HasFailed);
-    if (!frame.IsRunning()) return Leave(frame, step->statementIndex, Progress::HasRun);
+    if (!step->statement->vfRun()) return LeaveBehind(step, step->statementIndex, Progress::HasFailed, frame);
+    if (!frame.IsRunning()) return LeaveBehind(step, step->statementIndex, Progress::HasRun, frame);
+    if (frame.meter != nullptr) frame.meter->LookAtClock();
     return Continue(step + 1, frame);
 }
 
@@ -66,7 +74,13 @@ Step* CheckState(Step* step, Frame& frame) {
 }
 
 Step* LeaveAtJump(Step* step, Frame& frame) {
-    return Leave(frame, frame.OriginOf(step).jumpStatement, Progress::ToRun);
+    const StepOrigin& origin = frame.OriginOf(step);
+    return Leave(frame, origin.jumpStatement, Progress::ToRun, origin.countedByJump);
+}
+
+Step* CountStatements(Step* step, Frame& frame) {
+    if (!frame.meter->Take(step->statementCount)) return LeaveAtJump(step, frame);
+    return Continue(step + 1, frame);
 }
 
 Step* LeavePlan(Step* step, Frame& frame) {

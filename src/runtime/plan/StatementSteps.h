@@ -22,6 +22,9 @@ Step* JumpBack(Step* step, Frame& frame);
 /// Goes on with the next step, as long as the program is to run on.
 Step* CheckState(Step* step, Frame& frame);
 
+/// Counts the statements whose steps follow, in a run that has limits.
+Step* CountStatements(Step* step, Frame& frame);
+
 /// Leaves a jump backwards to its statement because the state of the program has changed.
 Step* LeaveAtJump(Step* step, Frame& frame);
 

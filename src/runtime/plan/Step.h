@@ -9,6 +9,7 @@
 
 #include "runtime/CMacroCommonValue.h"
 #include "runtime/CMacroStatementBase.h"
+#include "runtime/RunMeter.h"
 #include "runtime/RunState.h"
 
 // A step does the work of one statement or of a few that follow each other in a group, for values of the kinds
@@ -35,6 +36,7 @@ struct Step {
         const ValueView* right;
         std::int32_t literal;          ///< in its place, where a step is made for that
         std::uint32_t statementIndex;  ///< of the one that a step runs itself
+        std::uint32_t statementCount;  ///< of those that a step counts
     };
     ValueView* target;  ///< the variable that is assigned to
     union {
@@ -51,6 +53,11 @@ struct StepOrigin {
     std::uint32_t after = 0;  ///< the step to go on with when the statements have run
     std::int32_t jumpGroup = -1;
     std::uint32_t jumpStatement = 0;  ///< of a jump backwards: the statement that jumps
+
+    // In a plan that counts its statements: the end of those that were counted before this step, and how many
+    // of them a jump backwards hands back when it leaves the plan.
+    std::uint32_t countedEnd = 0;
+    std::uint32_t countedByJump = 0;
 };
 
 enum class Progress {
@@ -77,6 +84,7 @@ struct Frame {
     const std::vector<Step*>& entries;
     std::size_t firstGroup;
     const std::vector<std::uint32_t>& groupStarts;
+    RunMeter* meter;  ///< of a run that has limits, else null
     Exit exit;
 
     const StepOrigin& OriginOf(const Step* step) const { return origins[step - steps]; }
@@ -94,7 +102,10 @@ inline Step* Continue(Step* next, Frame& frame) {
     return next;
 }
 
-inline Step* Leave(Frame& frame, std::size_t statement, Progress progress) {
+/// Stops the plan for the statements to go on.
+/// @param counted  how many statements that were counted are left to them.
+inline Step* Leave(Frame& frame, std::size_t statement, Progress progress, std::uint32_t counted) {
+    if (frame.meter != nullptr) frame.meter->GiveBack(counted);
     frame.exit = {statement, progress};
     return nullptr;
 }
