@@ -1,6 +1,6 @@
 # What one types every day. CMakePresets.json holds the builds, docs/building.md the explanations.
 
-.PHONY: build demo test test-editors fuzz check bench performance docs package check-format format tidy \
+.PHONY: build demo test test-windows test-editors fuzz check bench performance docs package check-format format tidy \
         clean install-dependencies
 
 build:
@@ -14,8 +14,12 @@ demo:
 
 test:
 	@scripts/install_dependencies
-	@scripts/run_tests release clang asan tsan
+	@scripts/run_tests release clang asan tsan windows
 	@scripts/test_editors
+
+test-windows:
+	@scripts/install_dependencies
+	@scripts/run_tests windows
 
 test-editors:
 	@scripts/install_dependencies

@@ -58,7 +58,7 @@ public:
     /// Takes the error lines, joined by line feeds, without the folder of the files.
     std::string TakeErrors() {
         std::string lines;
-        const std::string folder = folder_.Path() + "/";
+        const std::string folder = folder_.PathOf("");
         for (std::uint32_t i = 0; i < file_->GetErrorCount(); ++i) {
             std::string line = file_->GetErrorMessage(i);
             for (std::size_t at = line.find(folder); at != std::string::npos; at = line.find(folder))

@@ -3,7 +3,7 @@
 import subprocess
 import unittest
 
-from cli_support import MACROCTL, CliTest
+from cli_support import MACROCTL_COMMAND, CliTest
 
 TRANSACTIONS = """\
 board.write(0x10, 0x3C)
@@ -33,7 +33,7 @@ class BoardTest(CliTest):
     def test_trace_and_output_keep_their_order_in_one_stream(self) -> None:
         self.write("a.mac", TRANSACTIONS)
         done = subprocess.run(
-            [str(MACROCTL), "run", "--board", "--trace-bus", "a.mac"], cwd=self.folder, stdout=subprocess.PIPE,
+            [*MACROCTL_COMMAND, "run", "--board", "--trace-bus", "a.mac"], cwd=self.folder, stdout=subprocess.PIPE,
             stderr=subprocess.STDOUT, encoding="utf-8", timeout=60, check=False)
         self.assertEqual(
             [line.split()[0] for line in done.stdout.splitlines()],

@@ -12,6 +12,11 @@ MACROCTL = pathlib.Path(os.environ["MACROCTL"])
 PLUGIN_DIR = pathlib.Path(os.environ["PLUGIN_DIR"])
 SOURCE_DIR = pathlib.Path(os.environ["SOURCE_DIR"])
 
+# What the command line of a built program begins with, and whether those are programs for Windows.
+EMULATOR = [os.environ["EMULATOR"]] if "EMULATOR" in os.environ else []
+IS_WINDOWS = MACROCTL.suffix == ".exe"
+MACROCTL_COMMAND = [*EMULATOR, str(MACROCTL)]
+
 TIMEOUT_SECONDS = 60
 
 
@@ -55,16 +60,17 @@ class CliTest(unittest.TestCase):
         return self.execute(str(MACROCTL), *arguments, **options)
 
     def execute(self, *command: str, cwd: pathlib.Path | None = None, text: str = "") -> Result:
-        """Runs a program with the text as its standard input."""
+        """Runs a built program, or one of this system, with the text as its standard input."""
+        is_built = pathlib.Path(command[0]).parent == MACROCTL.parent
         done = subprocess.run(
-            command, cwd=cwd or self.folder, input=text, capture_output=True, encoding="utf-8",
-            timeout=TIMEOUT_SECONDS, check=False)
+            [*(EMULATOR if is_built else []), *command], cwd=cwd or self.folder, input=text, capture_output=True,
+            encoding="utf-8", timeout=TIMEOUT_SECONDS, check=False)
         return Result(done.returncode, done.stdout, done.stderr)
 
     def start(self, *arguments: str) -> subprocess.Popen[str]:
         """Starts macroctl and leaves it running. It is killed at the test's end at the latest."""
         process = subprocess.Popen(
-            [str(MACROCTL), *arguments], cwd=self.folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+            [*MACROCTL_COMMAND, *arguments], cwd=self.folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
             stderr=subprocess.PIPE, encoding="utf-8")
         self.addCleanup(self._end, process)
         return process

@@ -2,12 +2,13 @@
 
 import os
 import pathlib
+import shutil
 import signal
 import subprocess
 import time
 import unittest
 
-from cli_support import MACROCTL, TIMEOUT_SECONDS, CliTest
+from cli_support import IS_WINDOWS, MACROCTL, MACROCTL_COMMAND, TIMEOUT_SECONDS, CliTest, program
 
 
 def macro_text(text: str) -> str:
@@ -15,7 +16,7 @@ def macro_text(text: str) -> str:
     return '"' + text.replace('"', '\\"') + '"'
 
 
-@unittest.skipIf(os.name == "nt", "the programs are scripts of the POSIX shell")
+@unittest.skipIf(IS_WINDOWS, "the programs are scripts of the POSIX shell")
 class CommandExecTest(CliTest):
     def script(self, name: str, text: str, mode: int = 0o755) -> pathlib.Path:
         path = self.folder / name
@@ -131,7 +132,7 @@ class CommandExecTest(CliTest):
         name = self.write("a.mac", self.call("tool", seconds=30))
         # The input of macroctl stays open for as long as the test likes.
         process = subprocess.Popen(
-            [str(MACROCTL), "run", "--board", name], cwd=self.folder, stdin=subprocess.PIPE,
+            [*MACROCTL_COMMAND, "run", "--board", name], cwd=self.folder, stdin=subprocess.PIPE,
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, encoding="utf-8")
         self.addCleanup(self._end, process)
         self.assertEqual(process.wait(TIMEOUT_SECONDS), 0)
@@ -168,7 +169,7 @@ class CommandExecTest(CliTest):
         name = self.write("a.mac", 'x = system.variable("MACRO_IN")\ny = x + 1\nboard.print(y)\n')
         for text, printed in [("41", "42\n"), ("1.5", "2.5\n"), ("", "1\n")]:
             done = subprocess.run(
-                [str(MACROCTL), "run", "--board", name], cwd=self.folder, env={**os.environ, "MACRO_IN": text},
+                [*MACROCTL_COMMAND, "run", "--board", name], cwd=self.folder, env={**os.environ, "MACRO_IN": text},
                 stdin=subprocess.DEVNULL, capture_output=True, encoding="utf-8", timeout=TIMEOUT_SECONDS, check=False)
             self.assertEqual((done.returncode, done.stdout, done.stderr), (0, printed, ""))
 
@@ -177,6 +178,48 @@ class CommandExecTest(CliTest):
         text = "".join(self.call("tool", str(number)) for number in range(50))
         self.assertEqual(self.run_macro(text).out, "0\n" * 50)
         self.assertEqual((self.folder / "log").read_text(encoding="utf-8").split(), [str(n) for n in range(50)])
+
+
+@unittest.skipUnless(IS_WINDOWS, "the program is one for Windows")
+class CommandExecWindowsTest(CliTest):
+    def setUp(self) -> None:
+        super().setUp()
+        (self.folder / "my tools").mkdir()
+        shutil.copyfile(program("probe"), self.folder / "my tools" / "the tool.exe")
+
+    def run_tool(self, *arguments: str, before: str = "") -> str:
+        call = ", ".join(['"my tools"', '"the tool.exe"', *map(macro_text, arguments)])
+        text = f"{before}code = system.command_exec(2, {call})\nboard.print(code)\n"
+        result = self.macroctl("run", "--board", self.write("a.mac", text))
+        return f"status {result.status}\n{result.out}{result.err}"
+
+    def report(self) -> list[str]:
+        return (self.folder / "my tools" / "out").read_text(encoding="utf-8").splitlines()
+
+    def test_exit_codes(self) -> None:
+        for code, printed in [(0, 0), (7, 7), (256, 256), (2**32 - 2, -2)]:
+            self.assertEqual(self.run_tool("exit", str(code)), f"status 0\n{printed}\n")
+
+    def test_parameters_and_the_working_directory(self) -> None:
+        self.assertEqual(self.run_tool("report out", '"one two"', "three four", '""'), "status 0\n0\n")
+        folder, *arguments = self.report()
+        self.assertTrue(folder.endswith("\\my tools"), folder)
+        self.assertEqual(arguments, ["one two", "three", "four", ""])
+
+    def test_a_time_out_ends_the_program(self) -> None:
+        self.assertEqual(
+            self.run_tool("hold out"),
+            "status 1\na.mac(1): error : system.command_exec() : command timeout.\n"
+            "a.mac(1): error : run time error !\n")
+
+    def test_a_system_variable_reaches_the_program(self) -> None:
+        (self.folder / "my tools" / "show.bat").write_text("@exit %MACRO_LOT%\n", encoding="utf-8", newline="\r\n")
+        name = self.write("a.mac", """\
+system.variable("MACRO_LOT") = 4711
+code = system.command_exec(0, "my tools", "show.bat")
+board.print(code)
+""")
+        self.assert_result(self.macroctl("run", "--board", name), 0, "4711\n")
 
 
 if __name__ == "__main__":

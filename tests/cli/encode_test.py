@@ -5,7 +5,7 @@ import pathlib
 import random
 import unittest
 
-from cli_support import CliTest
+from cli_support import IS_WINDOWS, CliTest
 
 LONGEST_LINE = 4095
 
@@ -117,7 +117,7 @@ class EncodeTest(CliTest):
                 self.assert_result(self.macroctl("encode", source, target), 1, err=f"error : {message}\n")
         self.assertEqual(sorted(os.listdir(self.folder)), ["a", "folder"])
 
-    @unittest.skipIf(os.name == "nt", "links and modes are those of POSIX")
+    @unittest.skipIf(IS_WINDOWS, "links and modes are those of POSIX")
     def test_the_written_file_keeps_its_place(self) -> None:
         self.put("a", b"A")
         target = self.folder / "target"
@@ -128,7 +128,7 @@ class EncodeTest(CliTest):
         self.assertTrue((self.folder / "link").is_symlink())
         self.assertEqual((target.read_bytes(), target.stat().st_mode & 0o777), (b"vg**", 0o640))
 
-    @unittest.skipUnless(pathlib.Path("/dev/stdout").exists(), "needs standard output as a file")
+    @unittest.skipIf(IS_WINDOWS or not pathlib.Path("/dev/stdout").exists(), "needs standard output as a file")
     def test_a_device_is_written_to(self) -> None:
         self.put("a", b"A\n")
         self.assert_result(self.macroctl("encode", "a", "/dev/stdout"), 0, "vg**\n")

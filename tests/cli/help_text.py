@@ -3,13 +3,13 @@
 import re
 import subprocess
 
-from cli_support import MACROCTL
+from cli_support import MACROCTL_COMMAND
 
 
 def _section(title: str, *arguments: str) -> list[str]:
     """The first words of the entries in one section of the help text."""
     text = subprocess.run(
-        [str(MACROCTL), *arguments, "--help"], capture_output=True, text=True, check=True, timeout=60).stdout
+        [*MACROCTL_COMMAND, *arguments, "--help"], capture_output=True, text=True, check=True, timeout=60).stdout
     found = re.search(rf"^{title}:\n(.*?)(?:\n\n|\Z)", text, re.MULTILINE | re.DOTALL)
     return re.findall(r"^ {1,8}(\S+)", found[1], re.MULTILINE) if found else []
 

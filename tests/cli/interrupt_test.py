@@ -1,17 +1,16 @@
 """Ctrl-C aborts the run; a second one ends the process at once."""
 
-import os
 import signal
 import time
 import unittest
 
-from cli_support import CliTest, Result, interrupt, plugin
+from cli_support import IS_WINDOWS, CliTest, Result, interrupt, plugin
 
 ENDLESS = 'board.print("started")\nloop 1 == 1\n    x = 1\nendloop\n'
 HANGING = 'board.print("started")\ngreet.hang()\n'
 
 
-@unittest.skipIf(os.name == "nt", "a process can't be sent Ctrl-C alone")
+@unittest.skipIf(IS_WINDOWS, "a process can't be sent Ctrl-C alone")
 class InterruptTest(CliTest):
     def start_and_wait(self, text: str, *arguments: str):
         process = self.start("run", "--board", *arguments, self.write("a.mac", text))

@@ -1,11 +1,10 @@
 """Plug-ins are real shared libraries; one that can't be used ends the process with status 2 before anything runs."""
 
-import os
 import pathlib
 import shutil
 import unittest
 
-from cli_support import CliTest, plugin
+from cli_support import IS_WINDOWS, CliTest, plugin
 
 
 class PluginTest(CliTest):
@@ -72,7 +71,7 @@ board.print(x, y)
             self.macroctl("run", "--board", "--plugin", plugin("good_plugin"), "--plugin", refusing, name), 2,
             err=f"macroctl: plug-in {refusing} refused to register its commands\n")
 
-    @unittest.skipIf(os.name == "nt", "the message is that of the dynamic loader")
+    @unittest.skipIf(IS_WINDOWS, "the message is that of the dynamic loader")
     def test_the_reason_is_told_once(self) -> None:
         name = self.write("a.mac", "x = 1\n")
         for library in ("no/such.so", "such.so"):
@@ -109,7 +108,7 @@ class NamespaceTest(CliTest):
         self.assert_result(self.run_with_meters(text, "--namespace", "alpha"), 0, "FF\n")
 
 
-@unittest.skipIf(os.name == "nt", "a loaded library can't be removed")
+@unittest.skipIf(IS_WINDOWS, "a loaded library can't be removed")
 class LifetimeTest(CliTest):
     def test_a_plugin_serves_every_file_of_a_check(self) -> None:
         copy = shutil.copy(plugin("good_plugin"), self.folder / "copy.so")

@@ -12,7 +12,7 @@ import shutil
 import subprocess
 import unittest
 
-from cli_support import MACROCTL, SOURCE_DIR, CliTest
+from cli_support import IS_WINDOWS, MACROCTL_COMMAND, SOURCE_DIR, CliTest
 
 GOLDEN = pathlib.Path(__file__).with_name("golden")
 SCHEMA = os.environ.get("MACROENGINE_SVD_SCHEMA")
@@ -31,7 +31,7 @@ class RegistersTest(CliTest):
         if columns is not None:
             environment["COLUMNS"] = columns
         done = subprocess.run(
-            [str(MACROCTL), "registers", *arguments], cwd=cwd, env=environment, stdin=subprocess.DEVNULL,
+            [*MACROCTL_COMMAND, "registers", *arguments], cwd=cwd, env=environment, stdin=subprocess.DEVNULL,
             capture_output=True, timeout=60, check=False)
         self.assertEqual((done.returncode, done.stderr), (0, b""))
         return done.stdout.decode("utf-8")
@@ -58,7 +58,7 @@ class FormatTest(RegistersTest):
         self.assertEqual(self.registers("device.rgi", columns="10"), self.registers("device.rgi", columns="1"))
         self.assertEqual(self.registers("device.rgi", columns="wide"), self.registers("device.rgi"))
 
-    @unittest.skipIf(os.name == "nt", "needs a terminal to write to")
+    @unittest.skipIf(IS_WINDOWS, "needs a terminal to write to")
     def test_table_of_a_terminal(self) -> None:
         import fcntl
         import struct
@@ -67,7 +67,7 @@ class FormatTest(RegistersTest):
         outer, inner = pty.openpty()
         fcntl.ioctl(inner, termios.TIOCSWINSZ, struct.pack("HHHH", 25, 80, 0, 0))
         environment = {key: value for key, value in os.environ.items() if key != "COLUMNS"}
-        subprocess.run([str(MACROCTL), "registers", "pieces.txt"], cwd=GOLDEN, env=environment, stdout=inner,
+        subprocess.run([*MACROCTL_COMMAND, "registers", "pieces.txt"], cwd=GOLDEN, env=environment, stdout=inner,
                        stdin=subprocess.DEVNULL, timeout=60, check=True)
         os.close(inner)
         pieces = []
@@ -86,7 +86,7 @@ class FormatTest(RegistersTest):
         path.write_bytes(
             SMALL.replace("RW\nA", "RW, DESCRIPTION\nA").replace(", RW\n", ', RW, "増幅"\n', 1).encode("utf-8")
             .replace(b", RO\n", b', RO, "a\xff\tb\x1b[1m"\n'))
-        done = subprocess.run([str(MACROCTL), "registers", "a.rgi"], cwd=self.folder, capture_output=True, timeout=60,
+        done = subprocess.run([*MACROCTL_COMMAND, "registers", "a.rgi"], cwd=self.folder, capture_output=True, timeout=60,
                               check=True)
         self.assertEqual(done.stdout.splitlines()[1:], [
             "A     0x0010       -    0    8  RW  big     増幅".encode("utf-8"),
@@ -216,7 +216,7 @@ class HeaderTest(RegistersTest):
     def test_header(self) -> None:
         self.assert_golden("both.c-header", self.registers("device.rgi", "pieces.txt", "--format", "c-header"))
 
-    @unittest.skipIf(os.name == "nt", "the options are those of g++ and clang++")
+    @unittest.skipIf(IS_WINDOWS, "the options are those of g++ and clang++")
     def test_header_compiles_in_c_and_cpp(self) -> None:
         self.write("registers.h", self.registers("device.rgi", "pieces.txt", "--format", "c-header"))
         source = '#include "registers.h"\n#include "registers.h"\n#ifdef R_HIDDEN_MASK\n#error\n#endif\n'
@@ -305,12 +305,12 @@ class ErrorTest(CliTest):
         self.assertEqual(result.status, 1)
         self.assertIn("error : ", result.err)
 
-    @unittest.skipUnless(pathlib.Path("/dev/full").exists(), "needs a device that takes nothing")
+    @unittest.skipIf(IS_WINDOWS or not pathlib.Path("/dev/full").exists(), "needs a device that takes nothing")
     def test_output_that_cannot_be_written(self) -> None:
         self.write("a.rgi", SMALL)
         with open("/dev/full", "w", encoding="utf-8") as full:
             done = subprocess.run(
-                [str(MACROCTL), "registers", "a.rgi"], cwd=self.folder, stdout=full, stderr=subprocess.PIPE,
+                [*MACROCTL_COMMAND, "registers", "a.rgi"], cwd=self.folder, stdout=full, stderr=subprocess.PIPE,
                 encoding="utf-8", timeout=60, check=False)
         self.assertEqual((done.returncode, done.stderr), (1, "macroctl: can't write to standard output\n"))
 

@@ -5,7 +5,7 @@ import pathlib
 import subprocess
 import unittest
 
-from cli_support import MACROCTL, CliTest, plugin
+from cli_support import IS_WINDOWS, MACROCTL_COMMAND, CliTest, plugin
 
 
 class RunTest(CliTest):
@@ -100,17 +100,17 @@ class RunTest(CliTest):
     def test_output_comes_before_errors_in_one_stream(self) -> None:
         self.write("a.mac", 'board.print("before")\nx = y\n')
         done = subprocess.run(
-            [str(MACROCTL), "run", "--board", "a.mac"], cwd=self.folder, stdout=subprocess.PIPE,
+            [*MACROCTL_COMMAND, "run", "--board", "a.mac"], cwd=self.folder, stdout=subprocess.PIPE,
             stderr=subprocess.STDOUT, encoding="utf-8", timeout=60, check=False)
         self.assertEqual(done.stdout.splitlines()[0], "before")
         self.assertEqual(len(done.stdout.splitlines()), 3)
 
-    @unittest.skipUnless(pathlib.Path("/dev/full").exists(), "needs a device that takes nothing")
+    @unittest.skipIf(IS_WINDOWS or not pathlib.Path("/dev/full").exists(), "needs a device that takes nothing")
     def test_output_that_cannot_be_written(self) -> None:
         self.write("a.mac", 'board.print("lost")\n')
         with open("/dev/full", "w", encoding="utf-8") as full:
             done = subprocess.run(
-                [str(MACROCTL), "run", "--board", "a.mac"], cwd=self.folder, stdout=full, stderr=subprocess.PIPE,
+                [*MACROCTL_COMMAND, "run", "--board", "a.mac"], cwd=self.folder, stdout=full, stderr=subprocess.PIPE,
                 encoding="utf-8", timeout=60, check=False)
         self.assertEqual(
             (done.returncode, done.stderr),

@@ -11,7 +11,7 @@ namespace {
 constexpr char kName[] = "MACROENGINE_ENVIRONMENT_TEST";
 
 TEST(Environment, ATextIsReadAsItWasSet) {
-    for (const char* value : {"5", "1.500000", " a b ", "a=b=c", "\xE3\x81\x82", "new"}) {
+    for (const char* value : {"5", "1.500000", " a b ", "a=b=c", "\xC3\xA4", "new"}) {
         ASSERT_TRUE(SetEnvironmentText(kName, value));
         EXPECT_EQ(GetEnvironmentText(kName), value);
     }

@@ -7,6 +7,8 @@
 #include <random>
 #include <system_error>
 
+#include "platform/FilePath.h"
+
 namespace macroctl {
 
 namespace {
@@ -27,24 +29,26 @@ bool ReadToEnd(std::FILE* stream, std::string& bytes) {
     return std::ferror(stream) == 0;
 }
 
-bool WriteBytes(const std::string& path, const char* mode, const std::string& bytes) {
-    Stream stream(std::fopen(path.c_str(), mode));
+bool WriteBytes(const fs::path& path, const char* mode, const std::string& bytes) {
+    Stream stream(OpenStream(path, mode));
     if (!stream) return false;
     const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stream.get()) == bytes.size();
     return std::fclose(stream.release()) == 0 && written;
 }
 
 /// Beside the file, because only within one file system a file can take another's place.
-std::string TemporaryName(const fs::path& path) {
-    return path.string() + "." + std::to_string(std::random_device()()) + ".tmp";
+fs::path TemporaryName(fs::path path) {
+    path += "." + std::to_string(std::random_device()()) + ".tmp";
+    return path;
 }
 
 }  // namespace
 
 bool ReadWholeFile(const std::string& path, std::string& bytes) {
+    const fs::path file = ToFilePath(path);
     std::error_code ignored;
-    if (fs::is_directory(path, ignored)) return false;
-    const Stream stream(std::fopen(path.c_str(), "rb"));
+    if (fs::is_directory(file, ignored)) return false;
+    const Stream stream(OpenStream(file, "rb"));
     return stream && ReadToEnd(stream.get(), bytes);
 }
 
@@ -59,15 +63,16 @@ bool ReadSourceFile(std::string path, std::string& bytes) {
 }
 
 bool WriteWholeFile(const std::string& path, const std::string& bytes) {
+    const fs::path file = ToFilePath(path);
     std::error_code error;
-    const fs::file_status status = fs::status(path, error);
+    const fs::file_status status = fs::status(file, error);
     const bool exists = fs::exists(status);
-    if (exists && !fs::is_regular_file(status)) return WriteBytes(path, "wb", bytes);
+    if (exists && !fs::is_regular_file(status)) return WriteBytes(file, "wb", bytes);
 
     // A link stays one: what it leads to is replaced.
-    const fs::path target = exists ? fs::canonical(path, error) : fs::path(path);
+    const fs::path target = exists ? fs::canonical(file, error) : file;
     if (exists && error) return false;
-    const std::string temporary = TemporaryName(target);
+    const fs::path temporary = TemporaryName(target);
     bool done = WriteBytes(temporary, "wbx", bytes);
     if (done && exists) fs::permissions(temporary, status.permissions(), error);
     if (done) {
