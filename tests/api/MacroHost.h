@@ -52,17 +52,20 @@ public:
 
     /// Writes the text to a file of the folder and loads it.
     bool Load(const std::string& text, const std::string& name = "a.mac") {
-        return file_->Load(folder_.Write(name, text).c_str());
+        folder_.Write(name, text);
+        // With the separator that every system takes.
+        return file_->Load((folder_.Path() + "/" + name).c_str());
     }
 
     /// Takes the error lines, joined by line feeds, without the folder of the files.
     std::string TakeErrors() {
         std::string lines;
-        const std::string folder = folder_.PathOf("");
         for (std::uint32_t i = 0; i < file_->GetErrorCount(); ++i) {
             std::string line = file_->GetErrorMessage(i);
-            for (std::size_t at = line.find(folder); at != std::string::npos; at = line.find(folder))
-                line.erase(at, folder.size());
+            for (const std::string& folder : {folder_.Path() + "/", folder_.PathOf("")}) {
+                for (std::size_t at = line.find(folder); at != std::string::npos; at = line.find(folder))
+                    line.erase(at, folder.size());
+            }
             lines.append(i > 0 ? "\n" : "").append(line);
         }
         file_->ClearErrors();
