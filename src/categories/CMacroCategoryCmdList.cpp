@@ -72,6 +72,7 @@ CMacroCategoryCmdList::CategoryEntry& CMacroCategoryCmdList::EnterCategory(const
     if (bareCall) entry->defaultProperty = property;
     entry->unnamed.category = name;
     const std::string_view key = entry->name;
+    categoryShapes_ |= ShapeOf(key);
     return *categories_.emplace(key, std::move(entry)).first->second;
 }
 
@@ -109,7 +110,7 @@ void CMacroCategoryCmdList::AddOwned(std::unique_ptr<CMacroCategoryBase> command
     owned_.push_back(std::move(command));
 }
 
-bool CMacroCategoryCmdList::IsCategory(std::string_view category, std::string_view property) const {
+bool CMacroCategoryCmdList::HasCategory(std::string_view category, std::string_view property) const {
     const auto found = categories_.find(category);
     if (found == categories_.end()) return false;
     return property.empty() || found->second->commands.count(property) != 0;

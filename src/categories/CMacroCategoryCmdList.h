@@ -71,7 +71,9 @@ public:
     void AddOwned(std::unique_ptr<CMacroCategoryBase> command, bool bareCall);
 
     /// @return whether the category is known and, unless `property` is empty, has a command of that name.
-    bool IsCategory(std::string_view category, std::string_view property) const;
+    bool IsCategory(std::string_view category, std::string_view property) const {
+        return (categoryShapes_ & ShapeOf(category)) != 0 && HasCategory(category, property);
+    }
 
     /// Finds what a call means: the command named, or with an empty `property` the default of the category.
     /// @return null when the category or the command is unknown. It stays valid as long as the list.
@@ -119,12 +121,20 @@ private:
         std::unordered_map<std::string_view, std::unique_ptr<macroengine::CommandEntry>> commands;
     };
 
+    /// @return a bit that tells most names apart from those of the few categories without a look into a table.
+    static std::uint64_t ShapeOf(std::string_view name) {
+        if (name.empty()) return 1;
+        return std::uint64_t{1} << ((static_cast<unsigned char>(name.front()) + name.size() * 11) % 64);
+    }
+
+    bool HasCategory(std::string_view category, std::string_view property) const;
     CategoryEntry& EnterCategory(const char* name, bool bareCall, const char* property);
     CMacroCategoryBase* Choose(macroengine::CommandEntry& entry) const;
     bool IsKnownNamespace(std::string_view name) const;
 
     Existence existence_;
     std::unordered_map<std::string_view, std::unique_ptr<CategoryEntry>> categories_;
+    std::uint64_t categoryShapes_ = 0;  ///< of all categories
     std::vector<std::string> knownNamespaces_;
     std::vector<std::string> namespaceStack_;  ///< the last one is current
     macroengine::RangeIndicator rangeIndicator_;

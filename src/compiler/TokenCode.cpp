@@ -14,26 +14,15 @@ struct Keyword {
     TokenCode code;
 };
 
-constexpr Keyword kWords[] = {
-    {"if", TokenCode::If},           {"elseif", TokenCode::ElseIf}, {"else", TokenCode::Else},
-    {"endif", TokenCode::EndIf},     {"loop", TokenCode::Loop},     {"endloop", TokenCode::EndLoop},
-    {"include", TokenCode::Include}, {"define", TokenCode::Define},
-};
-
 constexpr Keyword kDirectives[] = {
     {"#if", TokenCode::HashIf},       {"#elseif", TokenCode::HashElseIf}, {"#else", TokenCode::HashElse},
     {"#endif", TokenCode::HashEndIf}, {"#include", TokenCode::Include},   {"#define", TokenCode::Define},
 };
 
-constexpr Keyword kOperators[] = {
-    {"\n", TokenCode::LineEnd},     {"(", TokenCode::OpenParenthesis}, {")", TokenCode::CloseParenthesis},
-    {"==", TokenCode::Equal},       {"!=", TokenCode::NotEqual},       {"<", TokenCode::Less},
-    {"<=", TokenCode::LessOrEqual}, {">", TokenCode::Greater},         {">=", TokenCode::GreaterOrEqual},
-    {"+", TokenCode::Plus},         {"-", TokenCode::Minus},           {"*", TokenCode::Times},
-    {"/", TokenCode::Divide},       {"=", TokenCode::Assign},          {".", TokenCode::Point},
-    {",", TokenCode::Comma},        {"|", TokenCode::BitOr},           {"&", TokenCode::BitAnd},
-    {"||", TokenCode::LogicalOr},   {"&&", TokenCode::LogicalAnd},     {"<<", TokenCode::ShiftLeft},
-    {">>", TokenCode::ShiftRight},  {"[", TokenCode::OpenBracket},     {"]", TokenCode::CloseBracket},
+constexpr Keyword kPairs[] = {
+    {"==", TokenCode::Equal},          {"!=", TokenCode::NotEqual},   {"<=", TokenCode::LessOrEqual},
+    {">=", TokenCode::GreaterOrEqual}, {"||", TokenCode::LogicalOr},  {"&&", TokenCode::LogicalAnd},
+    {"<<", TokenCode::ShiftLeft},      {">>", TokenCode::ShiftRight},
 };
 
 /// @return Other when none of the keywords is the text.
@@ -45,12 +34,69 @@ TokenCode Find(const Keyword (&keywords)[Count], std::string_view text) {
     return TokenCode::Other;
 }
 
-constexpr std::size_t kLongestWord = 7;
+/// @return Name for a word that is not reserved. Every word of a source passes here, so its first letter
+/// tells most of them from all keywords.
+TokenCode ClassifyKeyword(std::string_view text) {
+    switch (text.front()) {
+        case 'i':
+            if (text == "if") return TokenCode::If;
+            return text == "include" ? TokenCode::Include : TokenCode::Name;
+        case 'e':
+            if (text == "else") return TokenCode::Else;
+            if (text == "endif") return TokenCode::EndIf;
+            if (text == "elseif") return TokenCode::ElseIf;
+            return text == "endloop" ? TokenCode::EndLoop : TokenCode::Name;
+        case 'l':
+            return text == "loop" ? TokenCode::Loop : TokenCode::Name;
+        case 'd':
+            return text == "define" ? TokenCode::Define : TokenCode::Name;
+        default:
+            return TokenCode::Name;
+    }
+}
 
 TokenCode ClassifyWord(std::string_view text, const CMacroCategoryCmdList& categories) {
-    const TokenCode keyword = text.size() <= kLongestWord ? Find(kWords, text) : TokenCode::Other;
-    if (keyword != TokenCode::Other) return keyword;
-    return categories.IsCategory(text, {}) ? TokenCode::Category : TokenCode::Name;
+    const TokenCode code = ClassifyKeyword(text);
+    return code == TokenCode::Name && categories.IsCategory(text, {}) ? TokenCode::Category : code;
+}
+
+TokenCode ClassifyCharacter(char c) {
+    switch (c) {
+        case '\n':
+            return TokenCode::LineEnd;
+        case '(':
+            return TokenCode::OpenParenthesis;
+        case ')':
+            return TokenCode::CloseParenthesis;
+        case '[':
+            return TokenCode::OpenBracket;
+        case ']':
+            return TokenCode::CloseBracket;
+        case '=':
+            return TokenCode::Assign;
+        case '<':
+            return TokenCode::Less;
+        case '>':
+            return TokenCode::Greater;
+        case '+':
+            return TokenCode::Plus;
+        case '-':
+            return TokenCode::Minus;
+        case '*':
+            return TokenCode::Times;
+        case '/':
+            return TokenCode::Divide;
+        case '.':
+            return TokenCode::Point;
+        case ',':
+            return TokenCode::Comma;
+        case '|':
+            return TokenCode::BitOr;
+        case '&':
+            return TokenCode::BitAnd;
+        default:
+            return TokenCode::Other;
+    }
 }
 
 }  // namespace
@@ -68,7 +114,8 @@ TokenCode ClassifyToken(const Token& token, const CMacroCategoryCmdList& categor
             break;
     }
     if (IsNameStart(token.text.front())) return ClassifyWord(token.text, categories);
-    return token.text.front() == '#' ? Find(kDirectives, token.text) : Find(kOperators, token.text);
+    if (token.text.size() == 1) return ClassifyCharacter(token.text.front());
+    return token.text.front() == '#' ? Find(kDirectives, token.text) : Find(kPairs, token.text);
 }
 
 }  // namespace macroengine

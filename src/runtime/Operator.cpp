@@ -2,16 +2,43 @@
 
 namespace macroengine {
 
-Operator OperatorFromText(std::string_view text) {
-    // In the order of the enumeration.
-    constexpr std::string_view kTexts[] = {"+",  "-",  "*", "/",  "&", "|",  "<<", ">>",
-                                           "==", "!=", "<", "<=", ">", ">=", "&&", "||"};
-    std::uint8_t number = 0;
-    for (const std::string_view candidate : kTexts) {
-        if (candidate == text) return static_cast<Operator>(number);
-        ++number;
+namespace {
+
+Operator OperatorFromCharacter(char c) {
+    switch (c) {
+        case '+':
+            return Operator::Add;
+        case '-':
+            return Operator::Subtract;
+        case '*':
+            return Operator::Multiply;
+        case '/':
+            return Operator::Divide;
+        case '&':
+            return Operator::And;
+        case '|':
+            return Operator::Or;
+        case '<':
+            return Operator::Less;
+        case '>':
+            return Operator::Greater;
+        default:
+            return Operator::Unknown;
     }
-    return Operator::Unknown;
+}
+
+}  // namespace
+
+Operator OperatorFromText(std::string_view text) {
+    if (text.size() == 1) return OperatorFromCharacter(text.front());
+    if (text == "==") return Operator::Equal;
+    if (text == "!=") return Operator::NotEqual;
+    if (text == "<=") return Operator::LessOrEqual;
+    if (text == ">=") return Operator::GreaterOrEqual;
+    if (text == "<<") return Operator::ShiftLeft;
+    if (text == ">>") return Operator::ShiftRight;
+    if (text == "&&") return Operator::LogicalAnd;
+    return text == "||" ? Operator::LogicalOr : Operator::Unknown;
 }
 
 }  // namespace macroengine

@@ -1,5 +1,6 @@
 #include "source/CLex.h"
 
+#include <algorithm>
 #include <charconv>
 #include <system_error>
 #include <utility>
@@ -11,6 +12,20 @@
 namespace macroengine {
 
 namespace {
+
+/// Reads what most numbers are, a few decimal digits.
+/// @return false for any other number.
+bool ParseShortInteger(std::string_view text, std::uint32_t& value) {
+    constexpr std::size_t kFew = 9;
+    if (text.size() > kFew) return false;
+    std::uint32_t number = 0;
+    for (const char c : text) {
+        if (!IsDigit(c)) return false;
+        number = number * 10 + static_cast<std::uint32_t>(c - '0');
+    }
+    value = number;
+    return true;
+}
 
 /// Reads a number of the base, with an optional "-", as a C library with a 32-bit long does: a minus sign
 /// negates modulo 2^32.
@@ -40,7 +55,7 @@ TokenKind KindOfWord(std::string_view text) {
 
 }  // namespace
 
-CLex::CLex() : macros_(std::make_shared<MacroTable>()) {
+CLex::CLex() : queue_(2), macros_(std::make_shared<MacroTable>()) {
     end_.kind = TokenKind::Operator;
 }
 
@@ -61,8 +76,7 @@ void CLex::LoadText(const std::string& path, std::string text) {
 void CLex::Start(const std::string& path) {
     path_ = path;
     scanner_.Start(text_);
-    queue_.clear();
-    next_ = 0;
+    front_ = back_ = nullptr;
 }
 
 bool CLex::ReportError(std::string_view text) {
@@ -70,19 +84,12 @@ bool CLex::ReportError(std::string_view text) {
     return false;
 }
 
-Token* CLex::PeekToken(Substitution substitution) {
-    if (next_ == queue_.size() && !Fill(substitution)) return nullptr;
-    if (next_ < queue_.size()) return &queue_[next_];
+/// Fills the empty queue. @return the next token, which may be the end; null on a lexical error.
+Token* CLex::ScanAhead(Substitution substitution) {
+    if (!Fill(substitution)) return nullptr;
+    if (front_ != back_) return front_;
     end_.line = scanner_.GetLine();
     return &end_;
-}
-
-bool CLex::ReadToken(Token& token, Substitution substitution) {
-    const Token* const next = PeekToken(substitution);
-    if (next == nullptr) return false;
-    token = *next;
-    if (next != &end_) ++next_;
-    return true;
 }
 
 bool CLex::IsSkipped(const Token& token) const {
@@ -90,25 +97,20 @@ bool CLex::IsSkipped(const Token& token) const {
            token.kind != TokenKind::Directive;
 }
 
-Token* CLex::PeekTokenSkipping() {
-    Token* token = PeekToken();
+/// Consumes the tokens of a skipped region, the first of which is given. @return as PeekToken.
+Token* CLex::SkipFrom(Token* token) {
     while (token != nullptr && IsSkipped(*token)) {
-        ++next_;
+        Consume();
         token = PeekToken();
     }
     return token;
 }
 
-bool CLex::ReadTokenSkipping(Token& token) {
-    return PeekTokenSkipping() != nullptr && ReadToken(token);
-}
-
 /// Scans on until there is a token in the queue or the text ends.
 /// @return false on a lexical error.
 bool CLex::Fill(Substitution substitution) {
-    queue_.clear();
-    next_ = 0;
-    while (queue_.empty()) {
+    // A macro with an empty body gives no token at all.
+    while (front_ == back_) {
         std::string_view text;
         switch (scanner_.Next(text)) {
             case TokenScanner::Result::End:
@@ -118,30 +120,30 @@ bool CLex::Fill(Substitution substitution) {
             case TokenScanner::Result::Token:
                 break;
         }
+        front_ = back_ = queue_.data() + 1;
         if (substitution == Substitution::None || !IsNameStart(text.front()) || macros_->IsEmpty()) {
-            queue_.emplace_back();
-            if (!Classify(text, queue_.back())) {
-                queue_.pop_back();
-                return false;
-            }
+            if (!Classify(text, *back_)) return false;
+            ++back_;
             return true;
         }
-        // A macro with an empty body gives no token at all.
         substituted_.clear();
         if (!macros_->Substitute(text, substituted_)) {
             return ReportError("The substitution for \"#define\" is to up to " +
                                std::to_string(limits::kSubstitutedTokens) + " tokens.");
         }
+        queue_.resize(std::max(queue_.size(), substituted_.size() + 1));
+        front_ = back_ = queue_.data() + 1;
         for (const std::string_view part : substituted_) {
-            Token token;
-            if (!Classify(part, token)) return false;
-            queue_.push_back(token);
+            // Those before it stay in the queue.
+            if (!Classify(part, *back_)) return false;
+            ++back_;
         }
     }
     return true;
 }
 
 bool CLex::Classify(std::string_view text, Token& token) {
+    token = Token();
     token.text = text;
     token.line = scanner_.GetLine();
     const char first = text.front();
@@ -162,6 +164,10 @@ bool CLex::Classify(std::string_view text, Token& token) {
 
 bool CLex::ClassifyNumber(Token& token) {
     const std::string_view text = token.text;
+    if (ParseShortInteger(text, token.integerValue)) {
+        token.kind = TokenKind::Integer;
+        return true;
+    }
     bool inRange;
     if (text.size() > 2 && (text[1] == 'x' || text[1] == 'X')) {
         token.kind = TokenKind::Integer;
@@ -197,7 +203,7 @@ std::string_view CLex::ReduceEscapedQuotes(std::string_view text) {
 }
 
 void CLex::SplitNegativeNumber() {
-    Token number = queue_[next_];
+    Token& number = *front_;
     Token minus = number;
     minus.text = number.text.substr(0, 1);
     minus.kind = TokenKind::Operator;
@@ -208,8 +214,7 @@ void CLex::SplitNegativeNumber() {
     } else {
         number.integerValue = 0U - number.integerValue;
     }
-    queue_[next_] = number;
-    queue_.insert(queue_.begin() + static_cast<std::ptrdiff_t>(next_), minus);
+    *--front_ = minus;
 }
 
 bool CLex::DefineMacro(std::string_view name, std::vector<std::string> body, std::uint32_t line) {

@@ -48,18 +48,29 @@ public:
     /// Consumes the next token. Tokens that were peeked come as they were scanned then.
     /// @return false on a lexical error, which is reported. At the end an empty token is given, again and
     /// again.
-    bool ReadToken(Token& token, Substitution substitution = Substitution::Macros);
+    bool ReadToken(Token& token, Substitution substitution = Substitution::Macros) {
+        const Token* const next = PeekToken(substitution);
+        if (next == nullptr) return false;
+        token = *next;
+        Consume();
+        return true;
+    }
 
     /// Looks at the next token and leaves it.
     /// @return the token, valid until the next read; null on a lexical error, which is reported.
-    Token* PeekToken(Substitution substitution = Substitution::Macros);
+    Token* PeekToken(Substitution substitution = Substitution::Macros) {
+        return front_ != back_ ? front_ : ScanAhead(substitution);
+    }
 
     /// As ReadToken; while a region is skipped it passes over everything but line ends, directives and the
     /// end.
-    bool ReadTokenSkipping(Token& token);
+    bool ReadTokenSkipping(Token& token) { return PeekTokenSkipping() != nullptr && ReadToken(token); }
 
     /// As PeekToken; while a region is skipped it consumes everything but line ends, directives and the end.
-    Token* PeekTokenSkipping();
+    Token* PeekTokenSkipping() {
+        Token* const token = PeekToken();
+        return conditional_.skipMask == 0 ? token : SkipFrom(token);
+    }
 
     /// Replaces the peeked token, a number that begins with "-", by the operator "-" and the number without
     /// it.
@@ -82,6 +93,12 @@ protected:
     platform::File file_;  ///< open only inside LoadFile
 
 private:
+    Token* ScanAhead(Substitution substitution);
+    Token* SkipFrom(Token* token);
+    void Consume() {
+        // The end is not in the queue: it is given again and again.
+        if (front_ != back_) ++front_;
+    }
     bool Fill(Substitution substitution);
     bool Classify(std::string_view text, Token& token);
     bool ClassifyNumber(Token& token);
@@ -95,9 +112,11 @@ private:
     TokenScanner scanner_;
     CErrorMessageTable errors_;
 
-    /// Tokens scanned and not yet consumed: those from next_ on.
+    /// Room for the tokens scanned and not yet consumed, those from front_ to back_. There is always room for
+    /// one more before them.
     std::vector<Token> queue_;
-    std::size_t next_ = 0;
+    Token* front_ = nullptr;
+    Token* back_ = nullptr;
     Token end_;
 
     std::shared_ptr<MacroTable> macros_;

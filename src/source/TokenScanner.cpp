@@ -61,6 +61,9 @@ TokenScanner::Result TokenScanner::Next(std::string_view& token) {
 }
 
 void TokenScanner::SkipBlanksAndComments() {
+    while (*position_ == ' ')
+        ++position_;
+    if (!MayBeSkipped(*position_)) return;
     enum class Comment { None, Block, Line } comment = Comment::None;
     for (;; ++position_) {
         const char c = *position_;
