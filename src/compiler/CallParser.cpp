@@ -57,7 +57,7 @@ CommandEntry* CallParser::ParseCommand(Token& command) {
 }
 
 /// Parses a list of arguments if there is one.
-bool CallParser::ParseArguments(std::vector<CMacroCommonValue>& arguments) {
+bool CallParser::ParseArguments(OperandList& arguments) {
     TokenCode code;
     if (!compiler_.Peek(code)) return false;
     if (code != TokenCode::OpenParenthesis) return true;
@@ -70,16 +70,18 @@ bool CallParser::ParseArguments(std::vector<CMacroCommonValue>& arguments) {
     return code == TokenCode::CloseParenthesis || compiler_.ReportSyntaxError(token);
 }
 
-bool CallParser::ParseArgument(std::vector<CMacroCommonValue>& arguments) {
+bool CallParser::ParseArgument(OperandList& arguments) {
     TokenCode code;
     if (!compiler_.Peek(code)) return false;
     if (!CanBeginArgument(code)) return compiler_.ReportSyntaxErrorOnNext();
-    return expressions_.ParseOperand(arguments.emplace_back());
+    Operand argument;
+    if (!expressions_.ParseOperand(argument)) return false;
+    arguments.Append(std::move(argument));
+    return true;
 }
 
-std::unique_ptr<CMacroStatementCategory> CallParser::MakeCall(CommandEntry& entry,
-                                                              std::vector<CMacroCommonValue> arguments,
-                                                              CMacroCommonValue assigned) {
+StatementPointer<CMacroStatementCategory> CallParser::MakeCall(CommandEntry& entry, OperandList arguments,
+                                                               Operand assigned) {
     auto call = compiler_.Make<CMacroStatementCategory>(compiler_.GetCategories(), entry);
     call->SetArguments(std::move(arguments));
     call->SetAssignedValue(std::move(assigned));
@@ -89,11 +91,11 @@ std::unique_ptr<CMacroStatementCategory> CallParser::MakeCall(CommandEntry& entr
 bool CallParser::ParseStatement() {
     Token command;
     CommandEntry* const entry = ParseCommand(command);
-    std::vector<CMacroCommonValue> arguments;
+    OperandList arguments;
     const Token* next;
     TokenCode code;
     if (entry == nullptr || !ParseArguments(arguments) || !compiler_.Peek(next, code)) return false;
-    CMacroCommonValue assigned = CMacroCommonValue::ResultReference(nullptr);
+    Operand assigned = Operand::ResultReference(nullptr);
     if (code == TokenCode::Assign) {
         if (!Allows(*entry, &CMacroCategoryBase::CanAssignDest))
             return ReportNoSide(*next, *entry, "destination");
@@ -103,15 +105,15 @@ bool CallParser::ParseStatement() {
     return true;
 }
 
-bool CallParser::ParseSource(CMacroCommonValue& operand) {
+bool CallParser::ParseSource(Operand& operand) {
     Token command;
     CommandEntry* const entry = ParseCommand(command);
-    std::vector<CMacroCommonValue> arguments;
+    OperandList arguments;
     if (entry == nullptr) return false;
     if (!Allows(*entry, &CMacroCategoryBase::CanAssignSrc)) return ReportNoSide(command, *entry, "source");
     if (!ParseArguments(arguments)) return false;
-    auto call = MakeCall(*entry, std::move(arguments), CMacroCommonValue::ResultReference(nullptr));
-    operand = CMacroCommonValue::ResultReference(&compiler_.Insert(std::move(call))->GetResult());
+    auto call = MakeCall(*entry, std::move(arguments), Operand::ResultReference(nullptr));
+    operand = Operand::ResultReference(&compiler_.Insert(std::move(call))->GetResult());
     return true;
 }
 

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <memory>
-#include <vector>
-
 #include "compiler/ExpressionParser.h"
 #include "compiler/MacroCompiler.h"
 #include "runtime/CMacroStatementCategory.h"
@@ -20,16 +17,15 @@ public:
     bool ParseStatement();
 
     /// A call as the whole source of an assignment. @param operand  receives what stands for its result.
-    bool ParseSource(CMacroCommonValue& operand);
+    bool ParseSource(Operand& operand);
 
 private:
     CommandEntry* ParseCommand(Token& command);
-    bool ParseArguments(std::vector<CMacroCommonValue>& arguments);
-    bool ParseArgument(std::vector<CMacroCommonValue>& arguments);
+    bool ParseArguments(OperandList& arguments);
+    bool ParseArgument(OperandList& arguments);
     bool ReportNoSide(const Token& token, const CommandEntry& entry, const char* side);
-    std::unique_ptr<CMacroStatementCategory> MakeCall(CommandEntry& entry,
-                                                      std::vector<CMacroCommonValue> arguments,
-                                                      CMacroCommonValue assigned);
+    StatementPointer<CMacroStatementCategory> MakeCall(CommandEntry& entry, OperandList arguments,
+                                                       Operand assigned);
 
     MacroCompiler& compiler_;
     ExpressionParser& expressions_;

@@ -59,18 +59,17 @@ bool CanBeSubscript(ValueKind kind) {
 
 /// Inserts a statement that operates on two operands. @return an operand that stands for its result.
 template <class Statement>
-CMacroCommonValue ExpressionParser::Emit(std::string_view op, CMacroCommonValue left,
-                                         CMacroCommonValue right) {
+Operand ExpressionParser::Emit(std::string_view op, Operand left, Operand right) {
     auto statement = compiler_.Make<Statement>();
     statement->SetLeft(std::move(left));
     statement->SetRight(std::move(right));
     statement->SetOperator(op);
-    return CMacroCommonValue::ResultReference(&compiler_.Insert(std::move(statement))->GetResult());
+    return Operand::ResultReference(&compiler_.Insert(std::move(statement))->GetResult());
 }
 
 // Operands
 
-bool ExpressionParser::ParseOperand(CMacroCommonValue& operand) {
+bool ExpressionParser::ParseOperand(Operand& operand) {
     Token token;
     TokenCode code;
     if (!compiler_.Read(token, code)) return false;
@@ -78,58 +77,58 @@ bool ExpressionParser::ParseOperand(CMacroCommonValue& operand) {
         case TokenCode::Name:
             return ParseVariable(token, operand);
         case TokenCode::Integer:
-            operand = CMacroCommonValue::Integer(static_cast<std::int32_t>(token.integerValue));
+            operand = Operand::Integer(static_cast<std::int32_t>(token.integerValue));
             return true;
         case TokenCode::Real:
-            operand = CMacroCommonValue::Floating(token.realValue);
+            operand = Operand::Floating(token.realValue);
             return true;
         case TokenCode::String:
-            operand = CMacroCommonValue::String(token.text.substr(1, token.text.size() - 2));
+            operand = Operand::String(token.text.substr(1, token.text.size() - 2));
             return true;
         default:
             return compiler_.ReportSyntaxError(token, ". Can't find Variable or value.");
     }
 }
 
-bool ExpressionParser::ParseVariable(const Token& name, CMacroCommonValue& operand) {
+bool ExpressionParser::ParseVariable(const Token& name, Operand& operand) {
     Variable& variable = compiler_.GetVariables().Bind(name.text);
-    std::vector<CMacroCommonValue> subscripts;
+    OperandList subscripts;
     TokenCode code;
     if (!compiler_.Peek(code)) return false;
     while (code == TokenCode::OpenBracket) {
         if (!ParseSubscript(subscripts) || !compiler_.Peek(code)) return false;
     }
-    operand = subscripts.empty() ? CMacroCommonValue::VariableReference(variable)
-                                 : CMacroCommonValue::Element(variable, std::move(subscripts));
+    operand = subscripts.empty() ? Operand::VariableReference(variable)
+                                 : Operand::Element(variable, std::move(subscripts));
     return true;
 }
 
-bool ExpressionParser::ParseSubscript(std::vector<CMacroCommonValue>& subscripts) {
+bool ExpressionParser::ParseSubscript(OperandList& subscripts) {
     Token bracket;
     TokenCode code;
     if (!compiler_.Read(bracket, code)) return false;
     const NestingGuard nesting(subscriptDepth_);
     if (nesting.IsTooDeep()) return compiler_.ReportNesting(bracket.line, "[");
-    CMacroCommonValue subscript;
+    Operand subscript;
     if (!ParseOperand(subscript) || !compiler_.Expect(TokenCode::CloseBracket)) return false;
     if (!CanBeSubscript(subscript.GetType())) return false;
-    subscripts.push_back(std::move(subscript));
+    subscripts.Append(std::move(subscript));
     return true;
 }
 
 // Expressions
 
-bool ExpressionParser::ParseExpression(CMacroCommonValue& operand) {
+bool ExpressionParser::ParseExpression(Operand& operand) {
     return ParseBinary(kLoosest, operand);
 }
 
 /// Parses operands joined by operators that bind at least as tight as `loosest`.
-bool ExpressionParser::ParseBinary(int loosest, CMacroCommonValue& left) {
+bool ExpressionParser::ParseBinary(int loosest, Operand& left) {
     TokenCode code;
     if (!ParsePrimary(left) || !PeekOperator(code)) return false;
     while (PrecedenceOf(code) >= loosest) {
         Token op;
-        CMacroCommonValue right;
+        Operand right;
         if (!compiler_.Read(op, code) || !ParseBinary(PrecedenceOf(code) + 1, right)) return false;
         left = Emit<CMacroStatementOperate>(op.text, std::move(left), std::move(right));
         if (!PeekOperator(code)) return false;
@@ -149,7 +148,7 @@ bool ExpressionParser::PeekOperator(TokenCode& code) {
     return PrecedenceOf(code) != 0 || EndsExpression(code) || compiler_.ReportSyntaxErrorOnNext();
 }
 
-bool ExpressionParser::ParsePrimary(CMacroCommonValue& operand) {
+bool ExpressionParser::ParsePrimary(Operand& operand) {
     const Token* next;
     TokenCode code;
     if (!compiler_.Peek(next, code)) return false;
@@ -170,13 +169,13 @@ bool ExpressionParser::ParsePrimary(CMacroCommonValue& operand) {
 
 // Conditions
 
-bool ExpressionParser::ParseCondition(CMacroCommonValue& operand) {
+bool ExpressionParser::ParseCondition(Operand& operand) {
     return ParseLogical(TokenCode::LogicalOr, operand);
 }
 
 /// Parses conditions joined by one of the two logical operators.
-bool ExpressionParser::ParseLogical(TokenCode op, CMacroCommonValue& left) {
-    const auto parseNext = [&](CMacroCommonValue& operand) {
+bool ExpressionParser::ParseLogical(TokenCode op, Operand& left) {
+    const auto parseNext = [&](Operand& operand) {
         return op == TokenCode::LogicalOr ? ParseLogical(TokenCode::LogicalAnd, operand)
                                           : ParseConditionPrimary(operand);
     };
@@ -184,7 +183,7 @@ bool ExpressionParser::ParseLogical(TokenCode op, CMacroCommonValue& left) {
     if (!parseNext(left) || !compiler_.Peek(code)) return false;
     while (code == op) {
         Token token;
-        CMacroCommonValue right;
+        Operand right;
         if (!compiler_.Read(token, code) || !parseNext(right)) return false;
         left = Emit<CMacroStatementCompare>(token.text, std::move(left), std::move(right));
         if (!compiler_.Peek(code)) return false;
@@ -192,7 +191,7 @@ bool ExpressionParser::ParseLogical(TokenCode op, CMacroCommonValue& left) {
     return true;
 }
 
-bool ExpressionParser::ParseConditionPrimary(CMacroCommonValue& operand) {
+bool ExpressionParser::ParseConditionPrimary(Operand& operand) {
     const Token* next;
     TokenCode code;
     if (!compiler_.Peek(next, code)) return false;
@@ -211,9 +210,9 @@ bool ExpressionParser::ParseConditionPrimary(CMacroCommonValue& operand) {
            compiler_.ReportSyntaxErrorOnNext();
 }
 
-bool ExpressionParser::ParseComparison(CMacroCommonValue& operand) {
-    CMacroCommonValue left;
-    CMacroCommonValue right;
+bool ExpressionParser::ParseComparison(Operand& operand) {
+    Operand left;
+    Operand right;
     Token op;
     TokenCode code;
     if (!ParseOperand(left) || !compiler_.Read(op, code)) return false;

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
+#include <string_view>
 
 #include "compiler/MacroCompiler.h"
-#include "runtime/CMacroCommonValue.h"
+#include "runtime/OperandList.h"
 
 namespace macroengine {
 
@@ -18,27 +18,27 @@ public:
     explicit ExpressionParser(MacroCompiler& compiler) : compiler_(compiler) {}
 
     /// The source of an assignment. From the loosest: `<< >>`, `|`, `&`, `+ -`, `* /`, parentheses.
-    bool ParseExpression(CMacroCommonValue& operand);
+    bool ParseExpression(Operand& operand);
 
     /// What follows `if`, `elseif` and `loop`. From the loosest: `||`, `&&`, parentheses or a comparison of
     /// two operands.
-    bool ParseCondition(CMacroCommonValue& operand);
+    bool ParseCondition(Operand& operand);
 
     /// A literal, or a variable with any number of subscripts.
-    bool ParseOperand(CMacroCommonValue& operand);
+    bool ParseOperand(Operand& operand);
 
 private:
-    bool ParseBinary(int loosest, CMacroCommonValue& left);
-    bool ParsePrimary(CMacroCommonValue& operand);
-    bool ParseLogical(TokenCode op, CMacroCommonValue& left);
-    bool ParseConditionPrimary(CMacroCommonValue& operand);
-    bool ParseComparison(CMacroCommonValue& operand);
-    bool ParseVariable(const Token& name, CMacroCommonValue& operand);
-    bool ParseSubscript(std::vector<CMacroCommonValue>& subscripts);
+    bool ParseBinary(int loosest, Operand& left);
+    bool ParsePrimary(Operand& operand);
+    bool ParseLogical(TokenCode op, Operand& left);
+    bool ParseConditionPrimary(Operand& operand);
+    bool ParseComparison(Operand& operand);
+    bool ParseVariable(const Token& name, Operand& operand);
+    bool ParseSubscript(OperandList& subscripts);
     bool PeekOperator(TokenCode& code);
 
     template <class Statement>
-    CMacroCommonValue Emit(std::string_view op, CMacroCommonValue left, CMacroCommonValue right);
+    Operand Emit(std::string_view op, Operand left, Operand right);
 
     MacroCompiler& compiler_;
     std::uint32_t parenthesisDepth_ = 0;

@@ -72,33 +72,6 @@ bool MacroCompiler::IncludeFile(std::string_view name, std::uint32_t line) {
     return ReportError(line, std::string("Failed to read include file(").append(name).append(")"));
 }
 
-TokenCode MacroCompiler::CodeOf(Token& token) const {
-    static constexpr std::uint8_t kUnknown = 0xFF;
-    if (token.readerCode == kUnknown) {
-        token.readerCode = static_cast<std::uint8_t>(ClassifyToken(token, categories_));
-    }
-    return static_cast<TokenCode>(token.readerCode);
-}
-
-bool MacroCompiler::Peek(TokenCode& code) {
-    const Token* token;
-    return Peek(token, code);
-}
-
-bool MacroCompiler::Peek(const Token*& token, TokenCode& code) {
-    Token* const next = lexer_->PeekTokenSkipping();
-    if (next == nullptr) return FailInLexer();
-    token = next;
-    code = CodeOf(*next);
-    return true;
-}
-
-bool MacroCompiler::Read(Token& token, TokenCode& code) {
-    if (!lexer_->ReadTokenSkipping(token)) return FailInLexer();
-    code = CodeOf(token);
-    return true;
-}
-
 bool MacroCompiler::Expect(TokenCode expected) {
     Token token;
     TokenCode code;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -46,13 +45,32 @@ public:
 
     /// Looks at the next token's code. While a region is skipped only line ends, directives and the end are
     /// seen.
-    bool Peek(TokenCode& code);
+    bool Peek(TokenCode& code) {
+        const Token* token;
+        return Peek(token, code);
+    }
 
     /// Looks at the next token, which is valid until it is read.
-    bool Peek(const Token*& token, TokenCode& code);
+    bool Peek(const Token*& token, TokenCode& code) {
+        Token* const next = lexer_->PeekTokenSkipping();
+        if (next == nullptr) {
+            FailInLexer();
+            return false;
+        }
+        token = next;
+        code = CodeOf(*next);
+        return true;
+    }
 
     /// Consumes what Peek sees.
-    bool Read(Token& token, TokenCode& code);
+    bool Read(Token& token, TokenCode& code) {
+        if (!lexer_->ReadTokenSkipping(token)) {
+            FailInLexer();
+            return false;
+        }
+        code = CodeOf(token);
+        return true;
+    }
 
     /// Consumes the next token; reports a syntax error if it has another code.
     bool Expect(TokenCode expected);
@@ -73,13 +91,13 @@ public:
 
     /// Makes a statement of the source statement; it is to be inserted.
     template <class Statement, class... Arguments>
-    std::unique_ptr<Statement> Make(Arguments&&... arguments) {
-        return std::make_unique<Statement>(*unit_, line_, std::forward<Arguments>(arguments)...);
+    StatementPointer<Statement> Make(Arguments&&... arguments) {
+        return program_.MakeStatement<Statement>(*unit_, line_, std::forward<Arguments>(arguments)...);
     }
 
     /// Hands a statement to the program. @return the statement, which the program owns.
     template <class Statement>
-    Statement* Insert(std::unique_ptr<Statement> statement) {
+    Statement* Insert(StatementPointer<Statement> statement) {
         Statement* const inserted = statement.get();
         program_.InsertMacroNode(std::move(statement),
                                  std::exchange(grouping_, CMacroPrg::Grouping::BySourceLine));
@@ -88,7 +106,7 @@ public:
 
     /// As Insert, into the last group there is.
     template <class Statement>
-    Statement* InsertIntoLastGroup(std::unique_ptr<Statement> statement) {
+    Statement* InsertIntoLastGroup(StatementPointer<Statement> statement) {
         Statement* const inserted = statement.get();
         program_.InsertMacroNode(std::move(statement), CMacroPrg::Grouping::WithLastGroup);
         return inserted;
@@ -115,7 +133,13 @@ public:
     std::uint32_t& GetBlockDepth() { return blockDepth_; }
 
 private:
-    TokenCode CodeOf(Token& token) const;
+    TokenCode CodeOf(Token& token) const {
+        constexpr std::uint8_t kUnknown = 0xFF;
+        if (token.readerCode == kUnknown) {
+            token.readerCode = static_cast<std::uint8_t>(ClassifyToken(token, categories_));
+        }
+        return static_cast<TokenCode>(token.readerCode);
+    }
 
     CMacroPrg& program_;
     CMacroCategoryCmdList& categories_;

@@ -98,7 +98,7 @@ bool StatementParser::ParseAssignment() {
     TokenCode code;
     if (!compiler_.Peek(next, code)) return false;
     const Token name = *next;
-    CMacroCommonValue destination;
+    Operand destination;
     if (!expressions_.ParseOperand(destination)) return false;
     Token assign;
     if (!compiler_.Read(assign, code)) return false;
@@ -107,7 +107,7 @@ bool StatementParser::ParseAssignment() {
     }
     if (code != TokenCode::Assign) return compiler_.ReportSyntaxError(assign);
 
-    CMacroCommonValue source;
+    Operand source;
     if (!compiler_.Peek(code)) return false;
     const bool parsed =
         code == TokenCode::Category ? calls_.ParseSource(source) : expressions_.ParseExpression(source);
@@ -121,7 +121,7 @@ bool StatementParser::ParseAssignment() {
 
 // Blocks
 
-std::unique_ptr<CMacroStatementControl> StatementParser::MakeControl(Control control) {
+StatementPointer<CMacroStatementControl> StatementParser::MakeControl(Control control) {
     auto statement = compiler_.Make<CMacroStatementControl>();
     statement->SetControl(control);
     return statement;
@@ -139,7 +139,7 @@ bool StatementParser::BeginKeyword(TokenCode expected) {
 
 /// Parses the condition behind a keyword and leaves its control statement pending.
 bool StatementParser::ParseConditional(Control control) {
-    CMacroCommonValue condition;
+    Operand condition;
     if (!expressions_.ParseCondition(condition)) return false;
     auto statement = MakeControl(control);
     statement->SetCondition(std::move(condition));

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <vector>
 
 #include "compiler/CallParser.h"
@@ -48,7 +47,7 @@ private:
     bool ParseBody();
     void EndBranch();
     bool PatchBranches(std::int32_t end);
-    std::unique_ptr<CMacroStatementControl> MakeControl(Control control);
+    StatementPointer<CMacroStatementControl> MakeControl(Control control);
 
     MacroCompiler& compiler_;
     Preprocessor preprocessor_;

@@ -53,11 +53,12 @@ bool CMacroPrg::IsInLastGroup(const CMacroStatementBase& statement) const {
            (&first.GetUnit() == &statement.GetUnit() || first.GetFileName() == statement.GetFileName());
 }
 
-bool CMacroPrg::InsertMacroNode(std::unique_ptr<CMacroStatementBase> statement, Grouping grouping) {
+bool CMacroPrg::InsertMacroNode(StatementPointer<CMacroStatementBase> statement, Grouping grouping) {
     if (statement == nullptr) {
         return Fail("internal error: NULL macro registerd at CMacroPrg::InsertMacroNode()");
     }
-    const State before = state_.exchange(State::Loading);
+    const State before = GetState();
+    SetState(State::Loading);
     const bool beginsGroup = groupStarts_.empty() || grouping == Grouping::Alone ||
                              (grouping == Grouping::BySourceLine && !IsInLastGroup(*statement));
     if (grouping == Grouping::WithLastGroup && !beginsGroup) {

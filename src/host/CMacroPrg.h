@@ -4,12 +4,15 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/CErrorMessageTable.h"
 #include "macroengine/Limits.h"
 #include "macroengine/WindowHandle.h"
+#include "runtime/Arena.h"
 #include "runtime/CMacroStatementBase.h"
 #include "runtime/RunMeter.h"
 #include "runtime/RunState.h"
@@ -36,20 +39,31 @@ public:
         WithLastGroup = 2,  ///< joins the last group, under the line of the program's first statement
     };
 
+    using Statements = std::vector<StatementPointer<CMacroStatementBase>>;
+
     CMacroPrg();
     CMacroPrg(const CMacroPrg&) = delete;
     CMacroPrg& operator=(const CMacroPrg&) = delete;
     virtual ~CMacroPrg();
 
+    /// Makes a statement, which is to be inserted, in the memory of the program.
+    template <class Statement, class... Arguments>
+    StatementPointer<Statement> MakeStatement(Arguments&&... arguments) {
+        void* const memory = arena_.Allocate(sizeof(Statement), alignof(Statement));
+        auto* const statement = new (memory) Statement(std::forward<Arguments>(arguments)...);
+        statement->SetInArena();
+        return StatementPointer<Statement>(statement);
+    }
+
     /// Adds a statement at the end.
     /// @return false for null, which is reported.
-    bool InsertMacroNode(std::unique_ptr<CMacroStatementBase> statement, Grouping grouping);
+    bool InsertMacroNode(StatementPointer<CMacroStatementBase> statement, Grouping grouping);
 
     /// @return what the statements of a file that is being compiled share; it lives as long as the program.
     SourceUnit& AddSourceUnit(std::string fileName, std::uint32_t compileNumber);
 
     std::int32_t GetGroupCount() const { return static_cast<std::int32_t>(groupStarts_.size()); }
-    const std::vector<std::unique_ptr<CMacroStatementBase>>& GetStatements() const { return statements_; }
+    const Statements& GetStatements() const { return statements_; }
     ProgramText GetText() const { return {statements_, groupStarts_}; }
     VariableTable& GetVariables() { return variables_; }
     CErrorMessageTable& GetErrors() { return errors_; }
@@ -107,10 +121,11 @@ private:
     bool Fail(const char* text);
     bool FailAt(const CMacroStatementBase& statement, const char* text);
 
-    // The statements are destroyed first: they refer to the units and to the variables.
+    // The statements are destroyed first: they lie in the arena and refer to the units and to the variables.
     VariableTable variables_;
     std::deque<SourceUnit> units_;
-    std::vector<std::unique_ptr<CMacroStatementBase>> statements_;
+    Arena arena_;
+    Statements statements_;
     std::vector<std::uint32_t> groupStarts_;  ///< for each group the index of its first statement
     LoopPlans plans_{{statements_, groupStarts_}};
     bool usesPlans_;

@@ -15,7 +15,7 @@ namespace {
 class VisitedCall {
 public:
     explicit VisitedCall(const CMacroStatementCategory& statement) {
-        for (const CMacroCommonValue& operand : statement.GetOperands())
+        for (const Operand& operand : statement.GetOperands())
             arguments_.push_back(Describe(operand.View()));
         call_.file = statement.GetFileName().c_str();
         call_.line = statement.GetLineNumber();

@@ -1,6 +1,6 @@
 #include "runtime/CMacroCommonValue.h"
 
-#include <memory>
+#include <utility>
 
 namespace macroengine {
 
@@ -53,13 +53,10 @@ CMacroCommonValue CMacroCommonValue::ResultReference(CMacroCommonValue* result) 
     return reference;
 }
 
-CMacroCommonValue CMacroCommonValue::Element(Variable& variable, std::vector<CMacroCommonValue> subscripts) {
-    auto element = std::make_unique<ElementReference>();
-    element->variable = &variable;
-    element->subscripts = std::move(subscripts);
+CMacroCommonValue CMacroCommonValue::Element(Variable& variable, OperandList subscripts) {
     CMacroCommonValue result;
+    result.view_.element = new ElementReference(variable, std::move(subscripts));
     result.view_.eType = ValueKind::ElementReference;
-    result.view_.element = element.release();
     return result;
 }
 

@@ -3,17 +3,16 @@
 #include <cstdint>
 #include <string_view>
 #include <utility>
-#include <vector>
 
+#include "runtime/ElementReference.h"
 #include "runtime/SharedArray.h"
 #include "runtime/SharedText.h"
 #include "runtime/ValueView.h"
 
 namespace macroengine {
 
-/// The one value of the language: a literal, the content of a variable, a result, an argument. As the operand
-/// of a statement it may also stand for a variable, for an element of one, or for the result of another
-/// statement.
+/// The one value of the language: a literal, the content of a variable, a result, an argument. As an operand
+/// it may also stand for a variable, for an element of one, or for the result of another statement.
 ///
 /// Copies are independent of each other, and cheap: what is long is shared until it is written to. A value
 /// and its copies belong to one program and so to one thread.
@@ -53,7 +52,7 @@ public:
     static CMacroCommonValue ResultReference(CMacroCommonValue* result);
 
     /// An operand that stands for `variable[subscripts...]`.
-    static CMacroCommonValue Element(Variable& variable, std::vector<CMacroCommonValue> subscripts);
+    static CMacroCommonValue Element(Variable& variable, OperandList subscripts);
 
     const ValueView& View() const { return view_; }
     ValueKind GetType() const { return view_.eType; }
@@ -79,13 +78,6 @@ private:
 
 static_assert(sizeof(CMacroCommonValue) == 24 || sizeof(void*) != 8, "values stay three words small");
 
-/// What an operand of kind ElementReference stands for.
-struct ElementReference {
-    std::uint32_t references = 1;
-    Variable* variable = nullptr;
-    std::vector<CMacroCommonValue> subscripts;  ///< outermost first; each is an operand
-};
-
 inline void Retain(const ValueView& view) {
     switch (view.eType) {
         case ValueKind::String:
@@ -95,7 +87,7 @@ inline void Retain(const ValueView& view) {
             view.array->AddReference();
             break;
         case ValueKind::ElementReference:
-            ++view.element->references;
+            view.element->AddReference();
             break;
         default:
             break;
@@ -111,7 +103,7 @@ inline void Release(const ValueView& view) {
             view.array->Release();
             break;
         case ValueKind::ElementReference:
-            if (--view.element->references == 0) delete view.element;
+            view.element->Release();
             break;
         default:
             break;

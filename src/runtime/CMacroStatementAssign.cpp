@@ -11,7 +11,7 @@ CMacroStatementAssign::CMacroStatementAssign(SourceUnit& unit, std::uint32_t lin
 bool CMacroStatementAssign::vfRun() {
     ValueView value;
     if (!Resolve(source_, value)) return false;
-    const ValueView& destination = destination_.View();
+    const ValueView destination = destination_.View();
     if (destination.eType == ValueKind::ElementReference) {
         const ElementReference& element = *destination.element;
         return StoreElement(element.variable->value, element.subscripts, value) ||

@@ -9,19 +9,19 @@ class CMacroStatementAssign final : public CMacroStatementBase {
 public:
     CMacroStatementAssign(SourceUnit& unit, std::uint32_t line);
 
-    void SetSource(CMacroCommonValue operand) { source_ = std::move(operand); }
+    void SetSource(Operand operand) { source_ = std::move(operand); }
 
     /// @param operand  a variable reference or an element reference.
-    void SetDestination(CMacroCommonValue operand) { destination_ = std::move(operand); }
+    void SetDestination(Operand operand) { destination_ = std::move(operand); }
 
-    const CMacroCommonValue& GetSource() const { return source_; }
-    const CMacroCommonValue& GetDestination() const { return destination_; }
+    const Operand& GetSource() const { return source_; }
+    const Operand& GetDestination() const { return destination_; }
 
     bool vfRun() override;
 
 private:
-    CMacroCommonValue source_;
-    CMacroCommonValue destination_;
+    Operand source_;
+    Operand destination_;
 };
 
 }  // namespace macroengine

@@ -5,7 +5,7 @@
 namespace macroengine {
 
 CMacroStatementBase::CMacroStatementBase(Kind kind, SourceUnit& unit, std::uint32_t line)
-    : unit_(&unit), line_(line), kind_(kind) {}
+    : unit_(&unit), line_(line), kind_(kind), breakFlag_(false), isInArena_(false) {}
 
 CMacroStatementBase::~CMacroStatementBase() = default;
 
@@ -17,12 +17,16 @@ bool CMacroStatementBase::IsBreakStatement() const {
     return false;
 }
 
+std::int32_t CMacroStatementBase::GetNextIndex() const {
+    return kNextInOrder;
+}
+
 bool CMacroStatementBase::Fail(std::string_view text) {
     unit_->errors.AddLocatedError(unit_->fileName.c_str(), static_cast<std::int32_t>(line_), text);
     return false;
 }
 
-bool CMacroStatementBase::ResolveReference(const CMacroCommonValue& operand, ValueView& value) {
+bool CMacroStatementBase::ResolveReference(const ValueView& operand, ValueView& value) {
     std::string error;
     return ResolveOperand(operand, value, error) || Fail(error);
 }

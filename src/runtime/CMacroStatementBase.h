@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -40,8 +41,8 @@ public:
     /// @return what the statement has reported since the last collection.
     CErrorMessageTable& GetErrors() { return unit_->errors; }
 
-    /// @return the group of statements to go on with, or kNextInOrder.
-    std::int32_t GetNextIndex() const { return nextIndex_; }
+    /// @return the group of statements to go on with after the run, or kNextInOrder.
+    virtual std::int32_t GetNextIndex() const;
 
     /// Whether the run pauses before this statement's group. Nothing in the engine sets it.
     bool HasBreakFlag() const { return breakFlag_; }
@@ -49,6 +50,10 @@ public:
         breakFlag_ = flag;
         unit_->hasBreakpoints |= flag;
     }
+
+    /// Whether the statement lies in memory that somebody else gives back when it is destroyed.
+    bool IsInArena() const { return isInArena_; }
+    void SetInArena() { isInArena_ = true; }
 
 protected:
     /// @param unit  outlives the statement.
@@ -59,23 +64,42 @@ protected:
     bool Fail(std::string_view text);
 
     /// Resolves an operand; reports the reason when that fails.
-    bool Resolve(const CMacroCommonValue& operand, ValueView& value) {
-        value = operand.View();
-        if (value.eType == ValueKind::VariableReference) value = value.variable->value.View();
-        return IsConcrete(value.eType) || ResolveReference(operand, value);
+    bool Resolve(const Operand& operand, ValueView& value) {
+        const ValueView view = operand.View();
+        value = view.eType == ValueKind::VariableReference ? view.variable->value.View() : view;
+        return IsConcrete(value.eType) || ResolveReference(view, value);
     }
 
     SourceUnit& MutableUnit() { return *unit_; }
-    void SetNextIndex(std::int32_t index) { nextIndex_ = index; }
 
 private:
-    bool ResolveReference(const CMacroCommonValue& operand, ValueView& value);
+    bool ResolveReference(const ValueView& operand, ValueView& value);
 
     SourceUnit* unit_;
     std::uint32_t line_;
-    std::int32_t nextIndex_ = kNextInOrder;
     Kind kind_;
-    bool breakFlag_ = false;
+    bool breakFlag_ : 1;
+    bool isInArena_ : 1;
 };
+
+/// Destroys a statement, wherever it lies.
+struct StatementDeleter {
+    StatementDeleter() = default;
+
+    /// What make_unique has made may go on as a StatementPointer.
+    template <class Statement>
+    StatementDeleter(const std::default_delete<Statement>&) {}  // NOLINT(google-explicit-constructor)
+
+    void operator()(CMacroStatementBase* statement) const {
+        if (statement->IsInArena()) {
+            statement->~CMacroStatementBase();
+        } else {
+            delete statement;
+        }
+    }
+};
+
+template <class Statement>
+using StatementPointer = std::unique_ptr<Statement, StatementDeleter>;
 
 }  // namespace macroengine

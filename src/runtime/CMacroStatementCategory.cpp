@@ -10,16 +10,12 @@ CMacroStatementCategory::CMacroStatementCategory(SourceUnit& unit, std::uint32_t
                                                  CMacroCategoryCmdList& list, CommandEntry& entry)
     : CMacroStatementBase(Kind::Category, unit, line), list_(list), entry_(entry) {}
 
-void CMacroStatementCategory::SetArguments(std::vector<CMacroCommonValue> operands) {
-    operands_ = std::move(operands);
-    arguments_.resize(operands_.size());
-}
-
 bool CMacroStatementCategory::IsAssignedTo() const {
     return assigned_.GetType() != ValueKind::ResultReference || assigned_.View().result != nullptr;
 }
 
 bool CMacroStatementCategory::ResolveArguments() {
+    arguments_.resize(operands_.size());
     for (std::size_t i = 0; i < operands_.size(); ++i) {
         if (!Resolve(operands_[i], arguments_[i])) return false;
     }

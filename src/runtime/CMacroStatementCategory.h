@@ -14,14 +14,14 @@ public:
     CMacroStatementCategory(SourceUnit& unit, std::uint32_t line, CMacroCategoryCmdList& list,
                             CommandEntry& entry);
 
-    void SetArguments(std::vector<CMacroCommonValue> operands);
+    void SetArguments(OperandList operands) { operands_ = std::move(operands); }
 
     /// @param operand  the value assigned to the call; a result reference without a target for none.
-    void SetAssignedValue(CMacroCommonValue operand) { assigned_ = std::move(operand); }
+    void SetAssignedValue(Operand operand) { assigned_ = std::move(operand); }
 
     const CommandEntry& GetEntry() const { return entry_; }
-    const std::vector<CMacroCommonValue>& GetOperands() const { return operands_; }
-    const CMacroCommonValue& GetAssignedValue() const { return assigned_; }
+    const OperandList& GetOperands() const { return operands_; }
+    const Operand& GetAssignedValue() const { return assigned_; }
     bool IsAssignedTo() const;
     CMacroCommonValue& GetResult() { return result_; }
 
@@ -32,11 +32,12 @@ private:
 
     CMacroCategoryCmdList& list_;
     CommandEntry& entry_;
-    std::vector<CMacroCommonValue> operands_;
+    OperandList operands_;
 
-    /// What the operands stand for, while the command runs; kept so that a call need not allocate.
+    /// What the operands stand for, while the command runs; kept from the first run on so that later ones
+    /// need not allocate.
     std::vector<ValueView> arguments_;
-    CMacroCommonValue assigned_;
+    Operand assigned_;
     CMacroCommonValue result_;
 };
 

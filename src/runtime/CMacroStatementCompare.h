@@ -10,12 +10,12 @@ class CMacroStatementCompare final : public CMacroStatementBase {
 public:
     CMacroStatementCompare(SourceUnit& unit, std::uint32_t line);
 
-    void SetLeft(CMacroCommonValue operand) { left_ = std::move(operand); }
-    void SetRight(CMacroCommonValue operand) { right_ = std::move(operand); }
+    void SetLeft(Operand operand) { left_ = std::move(operand); }
+    void SetRight(Operand operand) { right_ = std::move(operand); }
     void SetOperator(std::string_view text) { operator_ = OperatorFromText(text); }
 
-    const CMacroCommonValue& GetLeft() const { return left_; }
-    const CMacroCommonValue& GetRight() const { return right_; }
+    const Operand& GetLeft() const { return left_; }
+    const Operand& GetRight() const { return right_; }
     Operator GetOperator() const { return operator_; }
     CMacroCommonValue& GetResult() { return result_; }
 
@@ -26,8 +26,8 @@ private:
     bool CompareTexts(std::string_view left, std::string_view right, bool& result);
 
     Operator operator_ = Operator::Unknown;
-    CMacroCommonValue left_;
-    CMacroCommonValue right_;
+    Operand left_;
+    Operand right_;
     CMacroCommonValue result_;
 };
 

@@ -5,6 +5,17 @@ namespace macroengine {
 CMacroStatementControl::CMacroStatementControl(SourceUnit& unit, std::uint32_t line)
     : CMacroStatementBase(Kind::Control, unit, line) {}
 
+std::int32_t CMacroStatementControl::GetNextIndex() const {
+    switch (way_) {
+        case Way::ToJumpTarget:
+            return jumpTarget_;
+        case Way::ToFalseTarget:
+            return falseTarget_;
+        default:
+            return kNextInOrder;
+    }
+}
+
 bool CMacroStatementControl::vfRun() {
     switch (control_) {
         case Control::If:
@@ -14,7 +25,7 @@ bool CMacroStatementControl::vfRun() {
             return RunLoop();
         case Control::EndLoop:
         case Control::BranchEnd:
-            SetNextIndex(jumpTarget_);
+            way_ = Way::ToJumpTarget;
             return true;
         case Control::Else:
         case Control::EndIf:
@@ -38,7 +49,7 @@ bool CMacroStatementControl::RunCondition(const char* wrongKind) {
     ValueView condition;
     if (!Resolve(condition_, condition)) return false;
     if (condition.eType != ValueKind::Boolean) return Fail(wrongKind);
-    SetNextIndex(condition.boolean ? jumpTarget_ : falseTarget_);
+    way_ = condition.boolean ? Way::ToJumpTarget : Way::ToFalseTarget;
     return true;
 }
 

@@ -24,8 +24,8 @@ public:
 
     void SetControl(Control control) { control_ = control; }
     Control GetControl() const { return control_; }
-    void SetCondition(CMacroCommonValue operand) { condition_ = std::move(operand); }
-    const CMacroCommonValue& GetCondition() const { return condition_; }
+    void SetCondition(Operand operand) { condition_ = std::move(operand); }
+    const Operand& GetCondition() const { return condition_; }
 
     /// Where to go on after a condition that holds, and where a jump leads.
     void SetJumpTarget(std::int32_t group) { jumpTarget_ = group; }
@@ -36,16 +36,21 @@ public:
     std::int32_t GetFalseTarget() const { return falseTarget_; }
 
     bool vfRun() override;
+    std::int32_t GetNextIndex() const override;
 
 private:
     bool RunIf();
     bool RunLoop();
     bool RunCondition(const char* wrongKind);
 
+    /// Where the last run has led.
+    enum class Way : std::uint8_t { InOrder, ToJumpTarget, ToFalseTarget };
+
     Control control_ = Control::Unknown;
+    Way way_ = Way::InOrder;
     std::int32_t jumpTarget_ = kNextInOrder;
     std::int32_t falseTarget_ = kNextInOrder;
-    CMacroCommonValue condition_;
+    Operand condition_;
 };
 
 }  // namespace macroengine

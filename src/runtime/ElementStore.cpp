@@ -16,13 +16,13 @@ namespace {
 class Indexes {
 public:
     /// @return false when one of them can't be an index.
-    bool Resolve(const std::vector<CMacroCommonValue>& subscripts) {
+    bool Resolve(const OperandList& subscripts) {
         count_ = subscripts.size();
         if (count_ > kFew) many_.resize(count_);
         std::string error;
         for (std::size_t i = 0; i < count_; ++i) {
             std::int32_t index = 0;
-            if (!ResolveSubscript(subscripts[i], index, error)) return false;
+            if (!ResolveSubscript(subscripts[i].View(), index, error)) return false;
             if (static_cast<std::uint32_t>(index) >= SharedArray::kIndexLimit) return false;
             (count_ > kFew ? many_.data() : few_)[i] = static_cast<std::uint32_t>(index);
         }
@@ -73,8 +73,7 @@ void Store(CMacroCommonValue& variable, const Indexes& indexes, const ValueView&
 
 }  // namespace
 
-bool StoreElement(CMacroCommonValue& variable, const std::vector<CMacroCommonValue>& subscripts,
-                  const ValueView& source) {
+bool StoreElement(CMacroCommonValue& variable, const OperandList& subscripts, const ValueView& source) {
     try {
         Indexes indexes;
         if (!indexes.Resolve(subscripts)) return false;

@@ -26,7 +26,7 @@ bool FailOnElement(const ElementReference& element, std::size_t last, std::strin
     std::string name = element.variable->name;
     for (std::size_t i = 0; i <= last; ++i) {
         std::int32_t index = 0;
-        if (!ResolveSubscript(element.subscripts[i], index, error)) return false;
+        if (!ResolveSubscript(element.subscripts[i].View(), index, error)) return false;
         name.append("[").append(std::to_string(index)).append("]");
     }
     return Fail(error, "Valiable name(" + name + std::string(text));
@@ -34,7 +34,7 @@ bool FailOnElement(const ElementReference& element, std::size_t last, std::strin
 
 }  // namespace
 
-bool ResolveSubscript(const CMacroCommonValue& subscript, std::int32_t& index, std::string& error) {
+bool ResolveSubscript(const ValueView& subscript, std::int32_t& index, std::string& error) {
     ValueView value;
     if (!ResolveOperand(subscript, value, error)) return false;
     if (value.eType != ValueKind::Integer) return Fail(error, kSubscriptIsNoInteger);
@@ -48,7 +48,7 @@ bool ResolveElement(const ElementReference& element, ValueView& value, std::stri
     if (value.eType == ValueKind::None) return FailOnUndefined(variable, error);
     for (std::size_t i = 0; i < element.subscripts.size(); ++i) {
         std::int32_t index = 0;
-        if (!ResolveSubscript(element.subscripts[i], index, error)) return false;
+        if (!ResolveSubscript(element.subscripts[i].View(), index, error)) return false;
         if (value.eType != ValueKind::Array) {
             return FailOnElement(element, i, ") isn't array, or not exist elements.", error);
         }

@@ -14,13 +14,13 @@ namespace macroengine {
 /// @param value    receives a view of the datum, valid until something is assigned.
 /// @param error    receives one message line without a location on failure.
 /// @return false when there is no such datum.
-bool ResolveOperand(const CMacroCommonValue& operand, ValueView& value, std::string& error);
+bool ResolveOperand(const ValueView& operand, ValueView& value, std::string& error);
 
 /// Finds the element that `variable[subscript]...` reads; its parameters are those of ResolveOperand.
 bool ResolveElement(const ElementReference& element, ValueView& value, std::string& error);
 
 /// Resolves the subscript of an element to an index, which for a read is taken as unsigned.
-bool ResolveSubscript(const CMacroCommonValue& subscript, std::int32_t& index, std::string& error);
+bool ResolveSubscript(const ValueView& subscript, std::int32_t& index, std::string& error);
 
 namespace detail {
 
@@ -28,10 +28,9 @@ bool ResolveReference(const ValueView& operand, ValueView& value, std::string& e
 
 }  // namespace detail
 
-inline bool ResolveOperand(const CMacroCommonValue& operand, ValueView& value, std::string& error) {
-    value = operand.View();
-    if (value.eType == ValueKind::VariableReference) value = value.variable->value.View();
-    return IsConcrete(value.eType) || detail::ResolveReference(operand.View(), value, error);
+inline bool ResolveOperand(const ValueView& operand, ValueView& value, std::string& error) {
+    value = operand.eType == ValueKind::VariableReference ? operand.variable->value.View() : operand;
+    return IsConcrete(value.eType) || detail::ResolveReference(operand, value, error);
 }
 
 }  // namespace macroengine

@@ -32,6 +32,12 @@ SharedText* SharedText::Create(std::string_view first, std::string_view second, 
     return text;
 }
 
+SharedText* SharedText::CreateFixed(std::string_view text) {
+    SharedText* const block = Create(text, {}, 0);
+    block->capacity_ = block->used_;
+    return block;
+}
+
 void SharedText::Append(std::string_view text) {
     // The text may lie in this block, but always before the bytes that are written.
     if (!text.empty()) std::memcpy(MutableBytes() + used_, text.data(), text.size());

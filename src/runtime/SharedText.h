@@ -22,6 +22,9 @@ public:
     /// @throws std::bad_alloc when there is no memory for it or a text would exceed its limit of 4 GiB.
     static SharedText* Create(std::string_view first, std::string_view second, std::size_t capacity);
 
+    /// @return a block with one reference that holds the text and is never extended.
+    static SharedText* CreateFixed(std::string_view text);
+
     SharedText(const SharedText&) = delete;
     SharedText& operator=(const SharedText&) = delete;
 

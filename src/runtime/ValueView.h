@@ -38,7 +38,7 @@ constexpr bool HoldsReference(ValueKind kind) {
 
 /// The kind and the payload of a value, without a share in what the payload points to. Cheap to copy; valid
 /// as long as the value that it was taken from stays unchanged.
-struct ValueView {
+struct alignas(8) ValueView {
     ValueKind eType = ValueKind::None;
     std::uint32_t length = 0;  ///< of a text
     union {

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 #include "runtime/CMacroCommonValue.h"
 
@@ -12,7 +13,9 @@ namespace macroengine {
 
 /// A variable of a program. As long as nothing was assigned to it its value is of kind none, and it does not
 /// exist for the script.
-struct Variable {
+struct alignas(8) Variable {
+    explicit Variable(std::string_view itsName) : name(itsName) {}
+
     std::string name;
     CMacroCommonValue value;
 };
@@ -37,8 +40,19 @@ public:
     }
 
 private:
+    struct Slot {
+        Variable* variable = nullptr;
+        std::uint32_t hash = 0;
+    };
+
+    std::size_t FindSlot(std::string_view name, std::uint32_t hash) const;
+    void Grow();
+
     std::deque<Variable> variables_;
-    std::unordered_map<std::string_view, Variable*> byName_;  ///< keyed by the variables' own names
+
+    /// Where the name of each variable leads. The compiler asks for every name that it meets, so the slots lie
+    /// side by side: as many as a power of two, and a name whose slot is taken has the next free one.
+    std::vector<Slot> slots_;
 };
 
 }  // namespace macroengine

@@ -11,7 +11,7 @@ namespace macroengine::test {
 
 namespace {
 
-using Statements = std::vector<std::unique_ptr<CMacroStatementBase>>;
+using Statements = CMacroPrg::Statements;
 using GroupStarts = std::vector<std::uint32_t>;
 
 // What a program consists of is nobody's business but its own, and yet it is what a compiler is there for. An

@@ -26,8 +26,8 @@ using plan::StepOrigin;
 namespace {
 
 /// @return whether an operand stands for the result of a statement.
-bool IsResult(const CMacroCommonValue& operand, const CMacroCommonValue& result) {
-    const ValueView& view = operand.View();
+bool IsResult(const Operand& operand, const CMacroCommonValue& result) {
+    const ValueView view = operand.View();
     return view.eType == ValueKind::ResultReference && view.result == &result;
 }
 
@@ -171,7 +171,7 @@ const ValueView* PlanBuilder::FindSlot(const ValueView& operand) {
 
 const ValueView* PlanBuilder::BuildLoad(const ElementReference& element) {
     const ValueView* base = &element.variable->value.View();
-    const std::vector<CMacroCommonValue>& subscripts = element.subscripts;
+    const OperandList& subscripts = element.subscripts;
     for (std::size_t i = 0; i < subscripts.size();) {
         const bool isNested = i + 1 < subscripts.size();
         const ValueView* const index = FindSlot(subscripts[i]);
@@ -253,7 +253,7 @@ std::size_t PlanBuilder::BuildOperate(std::size_t index, std::size_t end) {
     Variable* target = nullptr;
     if (index + 1 < end && KindAt(index + 1) == Kind::Assign) {
         const auto& assign = StatementAt<CMacroStatementAssign>(index + 1);
-        const ValueView& destination = assign.GetDestination().View();
+        const ValueView destination = assign.GetDestination().View();
         const bool isWhole = destination.eType == ValueKind::VariableReference;
         if (isWhole && IsResult(assign.GetSource(), operate.GetResult())) target = destination.variable;
     }
@@ -295,16 +295,15 @@ bool PlanBuilder::BuildAssignToVariable(const CMacroStatementAssign& assign) {
 }
 
 bool PlanBuilder::BuildAssignToElement(const CMacroStatementAssign& assign) {
-    const ValueView& destination = assign.GetDestination().View();
+    const ValueView destination = assign.GetDestination().View();
     if (destination.eType != ValueKind::ElementReference) return false;
     const ElementReference& element = *destination.element;
     const std::size_t depth = element.subscripts.size();
     if (depth < 1 || depth > 2) return false;
     const ValueView* const source = FindSlot(assign.GetSource());
     if (source == nullptr) return false;
-    const ValueView* const first = FindSlot(element.subscripts.front());
-    const ValueView* const last =
-        depth == 1 || first == nullptr ? first : FindSlot(element.subscripts.back());
+    const ValueView* const first = FindSlot(element.subscripts[0]);
+    const ValueView* const last = depth == 1 || first == nullptr ? first : FindSlot(element.subscripts[1]);
     if (last == nullptr) return false;
     Step& step = AddStep(depth == 1 ? plan::StoreElement : plan::StoreNestedElement);
     step.target = &element.variable->value.Cell();

@@ -45,7 +45,7 @@ private:
 
     // Operands: each of these returns where a step finds the value, null for what only a statement can do.
     const ValueView* FindSlot(const ValueView& operand);
-    const ValueView* FindSlot(const CMacroCommonValue& operand) { return FindSlot(operand.View()); }
+    const ValueView* FindSlot(const Operand& operand) { return FindSlot(operand.View()); }
     const ValueView* BuildLoad(const ElementReference& element);
 
     struct Operands {

@@ -72,7 +72,7 @@ struct Exit {
     Progress progress = Progress::ToRun;
 };
 
-using Statements = std::vector<std::unique_ptr<CMacroStatementBase>>;
+using Statements = std::vector<StatementPointer<CMacroStatementBase>>;
 
 /// One run of a plan.
 struct Frame {

@@ -20,12 +20,14 @@ public:
         : CMacroStatementBase(Kind::Assign, unit, line), action_(std::move(action)) {}
 
     bool vfRun() override { return action_(*this); }
+    std::int32_t GetNextIndex() const override { return nextIndex_; }
+    void SetNextIndex(std::int32_t index) { nextIndex_ = index; }
 
     using CMacroStatementBase::Fail;
-    using CMacroStatementBase::SetNextIndex;
 
 private:
     Action action_;
+    std::int32_t nextIndex_ = kNextInOrder;
 };
 
 /// A program of scripted statements that records which of them have run.

@@ -114,7 +114,7 @@ TEST(CMacroCommonValue, ACopyOfAnElementReferenceKeepsItsSubscripts) {
     const ElementReference& element = *copy.View().element;
     EXPECT_EQ(element.variable, &variable);
     ASSERT_EQ(element.subscripts.size(), 2U);
-    EXPECT_EQ(Describe(element.subscripts[0]), "integer 1");
+    EXPECT_EQ(Describe(element.subscripts[0].View()), "integer 1");
     EXPECT_EQ(element.subscripts[1].View().variable, &variable);
 }
 

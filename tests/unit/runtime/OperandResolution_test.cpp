@@ -48,7 +48,7 @@ protected:
     static std::string Resolve(const CMacroCommonValue& operand) {
         ValueView value;
         std::string error;
-        if (!ResolveOperand(operand, value, error)) return error;
+        if (!ResolveOperand(operand.View(), value, error)) return error;
         EXPECT_EQ(error, "");
         return Describe(value);
     }
@@ -90,9 +90,9 @@ TEST_F(OperandResolution, AVariableStandsForItsContent) {
 TEST_F(OperandResolution, AnArrayIsSeenNotCopied) {
     ValueView value;
     std::string error;
-    ASSERT_TRUE(ResolveOperand(Var("a"), value, error));
+    ASSERT_TRUE(ResolveOperand(Var("a").View(), value, error));
     EXPECT_EQ(value.array, variables_.Find("a")->value.View().array);
-    ASSERT_TRUE(ResolveOperand(Elem("a", {Integer(1)}), value, error));
+    ASSERT_TRUE(ResolveOperand(Elem("a", {Integer(1)}).View(), value, error));
     EXPECT_EQ(value.array, variables_.Find("a")->value.View().array->At(1).array);
 }
 

@@ -49,13 +49,14 @@ TEST(OutOfMemory, AStoreThatFailsAtAnyOfItsAllocationsLeavesTheVariableAsItWas) 
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.expected);
+        const OperandList subscripts = c.subscripts;
         CMacroCommonValue variable = c.before;
         bool stored = false;
         for (long allowed = 0; !stored; ++allowed) {
             ASSERT_LT(allowed, 100);
             {
                 const FailingAllocation failing(allowed);
-                stored = StoreElement(variable, c.subscripts, c.source.View());
+                stored = StoreElement(variable, subscripts, c.source.View());
             }
             ASSERT_EQ(Describe(variable), stored ? c.expected : Describe(c.before)) << allowed;
         }
