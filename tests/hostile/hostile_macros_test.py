@@ -130,7 +130,7 @@ class SizeTest(HostileTest):
 
     def test_variables_without_memory(self) -> None:
         text = "".join(f"v{i} = {i}\n" for i in range(500_000))
-        result = self.run_macro(text, mebibytes=96)
+        result = self.run_macro(text, mebibytes=64)
         self.assertRegex(result.err, r"^a\.mac\(\d+\): error : Memory allocation error\n$")
         self.assertEqual((result.status, result.out), (1, ""))
 
