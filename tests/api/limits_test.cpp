@@ -79,7 +79,8 @@ TEST(Limits, TheClockEndsALoop) {
     limits.seconds = 0.01;
     for (const char* text :
          {"i = 0\nloop i < 1\n  a = i\nendloop\n", "i = 0\nloop i < 9\n  wait_ms(5)\nendloop\n"}) {
-        EXPECT_THAT(RunText(text, limits), testing::HasSubstr("): error : Macro aborted. (limit of 0.01 seconds)"));
+        EXPECT_THAT(RunText(text, limits),
+                    testing::HasSubstr("): error : Macro aborted. (limit of 0.01 seconds)"));
     }
 }
 

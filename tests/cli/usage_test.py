@@ -61,7 +61,8 @@ class UsageTest(CliTest):
             (["--help"], ["run", "check", "registers", "diff", "encode", "decode", "--version", "Exit status",
                           "aborted"]),
             (["run", "--help"], ["FILE", "--work-dir", "--namespace", "--plugin", "--board", "--registers",
-                                 "--keep-going", "--trace-bus", "--format", "bus 2-wire write 0x0010 <- 0x3C"]),
+                                 "--keep-going", "--trace-bus", "--max-statements", "--max-seconds", "--max-memory", "--format",
+                                 "bus 2-wire write 0x0010 <- 0x3C"]),
             (["check", "--help"], ["FILE", "--namespace", "--plugin", "--board", "--registers", "--format"]),
             (["registers", "--help"], ["FILE", "--format", "table", "listing", "csv", "json", "markdown", "html",
                                        "c-header", "svd", "--psc", "--merge", "Exit status"]),
@@ -124,7 +125,7 @@ class UsageTest(CliTest):
     def test_the_manual_names_every_option(self) -> None:
         manual = (SOURCE_DIR / "docs" / "macroctl.md").read_text(encoding="utf-8")
         for option in ["--work-dir", "--namespace", "--plugin", "--board", "--registers", "--keep-going", "--trace-bus",
-                       "--format", "--psc", "--merge", "--version"]:
+                       "--max-statements", "--max-seconds", "--max-memory", "--format", "--psc", "--merge", "--version"]:
             self.assertIn(option, manual)
 
 

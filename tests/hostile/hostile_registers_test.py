@@ -14,7 +14,7 @@ class RegistersTest(HostileTest):
         self.assertEqual(result.out.splitlines()[0], "sectioned: 1000000 records, 0 errors")
 
     def test_many_records_without_memory(self) -> None:
-        result = self.read_registers("a.rgi", HEADER + "A,1,0,8,RW\n" * MILLION, mebibytes=64)
+        result = self.read_registers("a.rgi", HEADER + "A,1,0,8,RW\n" * MILLION, mebibytes=48)
         lines = result.out.splitlines()
         self.assertEqual(lines[0], "sectioned: 0 records, 1 errors")
         self.assertRegex(lines[1], r"^a\.rgi\(\d+\): error : Memory allocation error$")

@@ -1,6 +1,7 @@
 // Reads a register file with both readers, and prints for each what it found and its first error line.
 
 #include <cstdio>
+#include <new>
 
 #include <macroengine/CRegDefFileIF.h>
 
@@ -11,8 +12,12 @@ void Read(const char* name, CRegDefFileIF* reader, const char* path) {
     std::printf("%s: %u records, %u errors\n", name, static_cast<unsigned>(reader->GetRegisterCount()),
                 static_cast<unsigned>(reader->GetErrorCount()));
     if (reader->GetErrorCount() > 0) std::printf("%.200s\n", reader->GetErrorMessage(0));
-    if (reader->GetListing() == nullptr) std::puts("no listing");
-    MergeSplitRegisters(reader);
+    try {
+        reader->GetListing();
+        MergeSplitRegisters(reader);
+    } catch (const std::bad_alloc&) {
+        std::puts("no memory for the listing");
+    }
     DeleteRegDefFile(reader);
 }
 

@@ -63,6 +63,18 @@ void AddRun(CLI::App& app, Action& chosen) {
     run->add_flag("--keep-going", options->run.keepGoing,
                   "Go on after a failed statement; all errors are shown at the end")
         ->disable_flag_override();
+    run->add_option("--max-statements", options->run.limits.statements,
+                    "Abort the run after so many statements")
+        ->type_name("N")
+        ->check(CLI::NonNegativeNumber);
+    run->add_option("--max-seconds", options->run.limits.seconds, "Abort the run after so much time")
+        ->type_name("S")
+        ->check(CLI::NonNegativeNumber);
+    run->add_option("--max-memory", options->run.limits.valueBytes,
+                    "Abort the run when its texts and arrays need more bytes; KB, MB and GB may follow the\n"
+                    "number, for powers of 1024")
+        ->type_name("BYTES")
+        ->transform(CLI::AsSizeValue(false));
     AddFormatOption(*run, {"text", "json"}, options->format);
     run->footer(
         "Examples:\n"

@@ -100,6 +100,7 @@ bool Macro::CheckRegisterCalls() {
 ExitStatus Macro::Run(const RunOptions& options) {
     file_->SetWorkDirectory(options.workDirectory.c_str());
     file_->SetErrorHandling(!options.keepGoing, nullptr, 0);
+    SetMacroLimits(file_, options.limits);
     bool ranToItsEnd = false;
     {
         ProgressLine progress("running " + source_.Name());
@@ -130,7 +131,10 @@ void Macro::Tell(std::vector<std::string> lines) const {
 
 bool Macro::WasAborted() const {
     const std::uint32_t count = file_->GetErrorCount();
-    return count > 0 && EndsWith(file_->GetErrorMessage(count - 1), "error : Macro aborted.");
+    if (count == 0) return false;
+    const std::string line = file_->GetErrorMessage(count - 1);
+    return EndsWith(line, "error : Macro aborted.") ||
+           line.find("): error : Macro aborted. (limit of ") != std::string::npos;
 }
 
 }  // namespace macroctl

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <macroengine/Limits.h>
+
 #include "ExitStatus.h"
 #include "board/Board.h"
 #include "board/DeviceMap.h"
@@ -31,6 +33,7 @@ struct LanguageOptions {
 struct RunOptions {
     std::string workDirectory;  ///< Empty: the macro's own folder.
     bool keepGoing = false;
+    MacroLimits limits;
 };
 
 /// What the macros of one process share: the plug-ins and the device on the board. It outlives its macros.

@@ -163,7 +163,7 @@ INSTANTIATE_TEST_SUITE_P(
              "a = 0\nc = 9\nloop a < c\n c = c - 1\n a = a + 1\nendloop\n",
              {"a = integer 5", "c = integer 4"}},
         Case{"AFloatingStep",
-             "a = 0\nloop a < 3\n a = a + 0.5\n b = b0\nendloop\n",
+             "a = 0.0\nloop a < 3\n a = a + 0.5\n b = b0\nendloop\n",
              {"main.mac(4): error : Didn't define valiable name[b0]"}}),
     [](const testing::TestParamInfo<Case>& test) { return test.param.name; });
 
