@@ -14,7 +14,7 @@ demo:
 
 test:
 	@scripts/install_dependencies
-	@scripts/run_tests release clang asan tsan windows
+	@scripts/run_tests release statements clang asan tsan windows
 	@scripts/test_editors
 
 test-windows:
