@@ -60,7 +60,11 @@ struct Comparison {
             return RunStatements(step, frame);
         }
         step->result->eType = ValueKind::Boolean;
-        return Finish(step, frame, holds);
+        if constexpr (branch == Branch::BackIfTrue) {
+            if (!frame.IsRunning()) return LeaveAtJump(step, frame);
+        }
+        step->result->boolean = holds;
+        return IsTaken(holds) ? step->jump : step + 1;
     }
 
     static Step* Finish(Step* step, Frame& frame, bool holds) {
@@ -68,9 +72,12 @@ struct Comparison {
             if (!frame.IsRunning()) return LeaveAtJump(step, frame);
         }
         step->result->boolean = holds;
-        if constexpr (branch == Branch::None) return Continue(step + 1, frame);
-        if (holds == (branch == Branch::BackIfTrue)) return Continue(step->jump, frame);
+        if (IsTaken(holds)) return Continue(step->jump, frame);
         return Continue(step + 1, frame);
+    }
+
+    static bool IsTaken(bool holds) {
+        return branch != Branch::None && holds == (branch == Branch::BackIfTrue);
     }
 };
 

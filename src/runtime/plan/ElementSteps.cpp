@@ -43,12 +43,12 @@ void Load(ValueView& target, const SharedArray& array, std::uint32_t index) {
     }
 }
 
-void Copy(ValueView& variable, const SharedArray& array, std::uint32_t index) {
-    if (variable.eType == ValueKind::Integer && array.GetForm() == Form::Integers) {
-        variable.integer = array.Integers()[index];
-    } else {
-        AssignCell(variable, array.At(index));
-    }
+/// Copies an element to a variable where both are integers.
+/// @return false when they are not.
+bool CopyInteger(ValueView& variable, const SharedArray& array, std::uint32_t index) {
+    if (variable.eType != ValueKind::Integer || array.GetForm() != Form::Integers) return false;
+    variable.integer = array.Integers()[index];
+    return true;
 }
 
 /// Stores what needs more than an element written over.
@@ -94,15 +94,20 @@ Step* LoadNestedElement(Step* step, Frame& frame) {
 
 Step* CopyElement(Step* step, Frame& frame) {
     if (!HasElement(*step->left, *step->right)) return RunStatements(step, frame);
-    Copy(*step->target, *step->left->array, static_cast<std::uint32_t>(step->right->integer));
-    return Continue(step + 1, frame);
+    const SharedArray& array = *step->left->array;
+    const auto index = static_cast<std::uint32_t>(step->right->integer);
+    if (CopyInteger(*step->target, array, index)) return Continue(step + 1, frame);
+    AssignCell(*step->target, array.At(index));
+    return step + 1;
 }
 
 Step* CopyNestedElement(Step* step, Frame& frame) {
     const SharedArray* const row = FindRow(*step);
     if (row == nullptr) return RunStatements(step, frame);
-    Copy(*step->target, *row, static_cast<std::uint32_t>(step->second->integer));
-    return Continue(step + 1, frame);
+    const auto index = static_cast<std::uint32_t>(step->second->integer);
+    if (CopyInteger(*step->target, *row, index)) return Continue(step + 1, frame);
+    AssignCell(*step->target, row->At(index));
+    return step + 1;
 }
 
 Step* StoreElement(Step* step, Frame& frame) {

@@ -38,7 +38,7 @@ struct Advance {
         // For values of other kinds the two are done one after the other from now on.
         if (kinds != 0) return (step->run = ChooseOperation(op, by, true))(step, frame);
         AssignCell(*step->result, ValueView::Integer(0));
-        return WithIntegers(step, frame);
+        return step;
     }
 };
 

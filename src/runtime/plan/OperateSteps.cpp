@@ -100,12 +100,12 @@ struct Operation {
         }
         AssignCell(*step->result, value);
         if constexpr (assigns) AssignCell(*step->target, value);
-        return Continue(step + 1, frame);
+        return step + 1;
     }
 
     static Step* WithText(Step* step, Frame& frame) {
         if (!Append(*step)) return RunStatements(step, frame);
-        return Continue(step + 1, frame);
+        return step + 1;
     }
 
     /// @return false when there is no memory for the text; nothing has changed then.

@@ -19,7 +19,7 @@ Step* LeaveBehind(const Step* step, std::size_t statement, Progress progress, Fr
 Step* EnterGroup(std::size_t group, Frame& frame) {
     const bool isInPlan = group >= frame.firstGroup && group - frame.firstGroup < frame.entries.size();
     if (!isInPlan) return LeaveForGroup(group, frame);
-    return Continue(frame.entries[group - frame.firstGroup], frame);
+    return frame.entries[group - frame.firstGroup];
 }
 
 }  // namespace
@@ -36,7 +36,7 @@ Step* RunStatements(Step* step, Frame& frame) {
             return EnterGroup(static_cast<std::uint32_t>(next), frame);
         }
     }
-    return Continue(frame.steps + origin.after, frame);
+    return frame.steps + origin.after;
 }
 
 Step* RunStatement(Step* step, Frame& frame) {
@@ -56,7 +56,7 @@ Step* CopyValue(Step* step, Frame& frame) {
     }
     if (!IsConcrete(source.eType)) return RunStatements(step, frame);
     AssignCell(target, source);
-    return Continue(step + 1, frame);
+    return step + 1;
 }
 
 Step* Jump(Step* step, Frame& frame) {

@@ -17,7 +17,9 @@
 // general step and in the end to the statements themselves (RunStatements), of which it has changed nothing.
 //
 // A step ends by going on with the next one. Where the compiler turns such a call at the end of a function
-// into a jump, steps call each other; elsewhere each returns the next one to the loop in ExecutionPlan::Run.
+// into a jump, the quick steps call each other (Continue); elsewhere each returns the next one to the loop in
+// ExecutionPlan::Run. The slow ones always do: a compiler makes no jump of a call behind which a local object
+// may still be needed, and the stack would grow.
 
 namespace macroengine::plan {
 

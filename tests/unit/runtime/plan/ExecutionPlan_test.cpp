@@ -167,14 +167,19 @@ INSTANTIATE_TEST_SUITE_P(
              {"main.mac(4): error : Didn't define valiable name[b0]"}}),
     [](const testing::TestParamInfo<Case>& test) { return test.param.name; });
 
-TEST(ExecutionPlan, ALoopOfMillionsOfTurnsNeedsNoMoreStack) {
+TEST(ExecutionPlan, AMillionTurnsOfEveryStepNeedNoMoreStack) {
     CompiledMacro macro;
     ASSERT_EQ(
-        macro.Compile("a = 0\nb = 0\nc = \"\"\nd[0] = 1\nloop a < 1000000\n b = b + d[0]\n e = b * 1.5\n"
-                      " d[0] = b - a\n if c == \"x\"\n  b = 0\n endif\n a = a + 1\nendloop\n"),
+        macro.Compile(
+            "a = 0\nb = 0\nc = \"\"\nd[0] = 1\nf[0][1] = 2\nh = 0.5\ng[0] = \"t\"\n"
+            "loop a < 1000000\n b = b + d[0]\n e = b * 1.5\n d[0] = b - a\n"
+            " if c == \"x\"\n  b = 0\n elseif h > a && a > 5\n  b = 1\n endif\n"
+            " c = c + \"y\"\n f[0][1] = a\n i = f[0][1]\n h = h * 1.0\n h = h + i / 2\n j = g[0]\n"
+            " g[0] = c\n k = d\n d[0] = b - a\n if e <= h\n  j = h\n endif\n l = c\n a = a + 1\nendloop\n"),
         Lines());
     EXPECT_EQ(macro.Run(), Lines());
-    EXPECT_EQ(macro.ValueOf("b"), "integer 1000000");
+    EXPECT_EQ(macro.ValueOf("a"), "integer 1000000");
+    EXPECT_EQ(macro.ValueOf("i"), "integer 999999");
 }
 
 class AbortingCommand : public CMacroCategoryBase {
