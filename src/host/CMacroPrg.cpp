@@ -193,8 +193,10 @@ bool CMacroPrg::RunGroups(RunMeter* meter) {
             const bool succeeded =
                 progress == plan::Progress::ToRun ? statement.vfRun() : progress == plan::Progress::HasRun;
             progress = plan::Progress::ToRun;
-            if (meter != nullptr && !succeeded && meter->HasFailedStatement()) {
-                return EndAtLimit(statement, *meter);
+            if (meter != nullptr) {
+                if (!succeeded && meter->HasFailedStatement()) return EndAtLimit(statement, *meter);
+                // What does not run by a plan may be a few commands that each take long.
+                meter->LookAtClock();
             }
             if (!succeeded && !PassOver(statement)) return false;
             if (IsAborted()) return FailAt(statement, kAborted);

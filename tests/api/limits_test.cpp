@@ -84,6 +84,13 @@ TEST(Limits, TheClockEndsALoop) {
     }
 }
 
+TEST(Limits, TheClockIsLookedAtAfterEachCommand) {
+    MacroLimits limits;
+    limits.seconds = 0.01;
+    EXPECT_EQ(RunText("wait_ms(50)\nwait_ms(50)\n", limits),
+              "a.mac(2): error : Macro aborted. (limit of 0.01 seconds)");
+}
+
 TEST(Limits, ATextGrowsToTheLimitAndNotBeyond) {
     const std::string text = "a = \"0123456789\"\nloop a != \"\"\n  a = a + a\nendloop\n";
     EXPECT_EQ(RunText(text, Bytes(1 << 20)),
