@@ -70,36 +70,43 @@ Operand ExpressionParser::Emit(std::string_view op, Operand left, Operand right)
 // Operands
 
 bool ExpressionParser::ParseOperand(Operand& operand) {
-    Token token;
+    const Token* token;
     TokenCode code;
-    if (!compiler_.Read(token, code)) return false;
+    if (!compiler_.Peek(token, code)) return false;
     switch (code) {
         case TokenCode::Name:
-            return ParseVariable(token, operand);
+            return ParseVariable(*token, operand);
         case TokenCode::Integer:
-            operand = Operand::Integer(static_cast<std::int32_t>(token.integerValue));
-            return true;
+            operand = Operand::Integer(static_cast<std::int32_t>(token->integerValue));
+            break;
         case TokenCode::Real:
-            operand = Operand::Floating(token.realValue);
-            return true;
+            operand = Operand::Floating(token->realValue);
+            break;
         case TokenCode::String:
-            operand = Operand::String(token.text.substr(1, token.text.size() - 2));
-            return true;
+            operand = Operand::String(token->text.substr(1, token->text.size() - 2));
+            break;
         default:
-            return compiler_.ReportSyntaxError(token, ". Can't find Variable or value.");
+            return compiler_.ReportSyntaxError(*token, ". Can't find Variable or value.");
     }
+    compiler_.Consume();
+    return true;
 }
 
+/// Parses the variable whose name is the next token.
 bool ExpressionParser::ParseVariable(const Token& name, Operand& operand) {
     Variable& variable = compiler_.GetVariables().Bind(name.text);
-    OperandList subscripts;
+    compiler_.Consume();
     TokenCode code;
     if (!compiler_.Peek(code)) return false;
-    while (code == TokenCode::OpenBracket) {
-        if (!ParseSubscript(subscripts) || !compiler_.Peek(code)) return false;
+    if (code != TokenCode::OpenBracket) {
+        operand = Operand::VariableReference(variable);
+        return true;
     }
-    operand = subscripts.empty() ? Operand::VariableReference(variable)
-                                 : Operand::Element(variable, std::move(subscripts));
+    OperandList subscripts;
+    do {
+        if (!ParseSubscript(subscripts) || !compiler_.Peek(code)) return false;
+    } while (code == TokenCode::OpenBracket);
+    operand = Operand::Element(variable, std::move(subscripts));
     return true;
 }
 
@@ -124,26 +131,27 @@ bool ExpressionParser::ParseExpression(Operand& operand) {
 
 /// Parses operands joined by operators that bind at least as tight as `loosest`.
 bool ExpressionParser::ParseBinary(int loosest, Operand& left) {
+    const Token* next;
     TokenCode code;
-    if (!ParsePrimary(left) || !PeekOperator(code)) return false;
+    if (!ParsePrimary(left) || !PeekOperator(next, code)) return false;
     while (PrecedenceOf(code) >= loosest) {
-        Token op;
+        const std::string_view op = next->text;
         Operand right;
-        if (!compiler_.Read(op, code) || !ParseBinary(PrecedenceOf(code) + 1, right)) return false;
-        left = Emit<CMacroStatementOperate>(op.text, std::move(left), std::move(right));
-        if (!PeekOperator(code)) return false;
+        compiler_.Consume();
+        if (!ParseBinary(PrecedenceOf(code) + 1, right)) return false;
+        left = Emit<CMacroStatementOperate>(op, std::move(left), std::move(right));
+        if (!PeekOperator(next, code)) return false;
     }
     return true;
 }
 
 /// Looks at what follows an operand: an operator, or what may end an expression.
-bool ExpressionParser::PeekOperator(TokenCode& code) {
-    const Token* token;
+bool ExpressionParser::PeekOperator(const Token*& token, TokenCode& code) {
     if (!compiler_.Peek(token, code)) return false;
     if (IsNumber(code) && token->text.front() == '-') {
         // The lexer takes the sign of "a-1" for a part of the number; here it can only be the operator.
         compiler_.GetLexer().SplitNegativeNumber();
-        return compiler_.Peek(code);
+        return compiler_.Peek(token, code);
     }
     return PrecedenceOf(code) != 0 || EndsExpression(code) || compiler_.ReportSyntaxErrorOnNext();
 }
@@ -152,13 +160,13 @@ bool ExpressionParser::ParsePrimary(Operand& operand) {
     const Token* next;
     TokenCode code;
     if (!compiler_.Peek(next, code)) return false;
-    const Token first = *next;
     if (code == TokenCode::OpenParenthesis) {
         const NestingGuard nesting(parenthesisDepth_);
-        if (nesting.IsTooDeep()) return compiler_.ReportNesting(first.line, "(");
-        return compiler_.Expect(TokenCode::OpenParenthesis) && ParseBinary(kLoosest, operand) &&
-               compiler_.Expect(TokenCode::CloseParenthesis);
+        if (nesting.IsTooDeep()) return compiler_.ReportNesting(next->line, "(");
+        compiler_.Consume();
+        return ParseBinary(kLoosest, operand) && compiler_.Expect(TokenCode::CloseParenthesis);
     }
+    const Token first = *next;
     if (!ParseOperand(operand)) return false;
     if (operand.GetType() == ValueKind::VariableReference) {
         if (!compiler_.Peek(code)) return false;
@@ -179,14 +187,16 @@ bool ExpressionParser::ParseLogical(TokenCode op, Operand& left) {
         return op == TokenCode::LogicalOr ? ParseLogical(TokenCode::LogicalAnd, operand)
                                           : ParseConditionPrimary(operand);
     };
+    const Token* next;
     TokenCode code;
-    if (!parseNext(left) || !compiler_.Peek(code)) return false;
+    if (!parseNext(left) || !compiler_.Peek(next, code)) return false;
     while (code == op) {
-        Token token;
+        const std::string_view text = next->text;
         Operand right;
-        if (!compiler_.Read(token, code) || !parseNext(right)) return false;
-        left = Emit<CMacroStatementCompare>(token.text, std::move(left), std::move(right));
-        if (!compiler_.Peek(code)) return false;
+        compiler_.Consume();
+        if (!parseNext(right)) return false;
+        left = Emit<CMacroStatementCompare>(text, std::move(left), std::move(right));
+        if (!compiler_.Peek(next, code)) return false;
     }
     return true;
 }
@@ -198,10 +208,8 @@ bool ExpressionParser::ParseConditionPrimary(Operand& operand) {
     if (code == TokenCode::OpenParenthesis) {
         const NestingGuard nesting(parenthesisDepth_);
         if (nesting.IsTooDeep()) return compiler_.ReportNesting(next->line, "(");
-        if (!compiler_.Expect(TokenCode::OpenParenthesis) || !ParseCondition(operand) ||
-            !compiler_.Expect(TokenCode::CloseParenthesis)) {
-            return false;
-        }
+        compiler_.Consume();
+        if (!ParseCondition(operand) || !compiler_.Expect(TokenCode::CloseParenthesis)) return false;
     } else if (!ParseComparison(operand)) {
         return false;
     }
@@ -213,12 +221,14 @@ bool ExpressionParser::ParseConditionPrimary(Operand& operand) {
 bool ExpressionParser::ParseComparison(Operand& operand) {
     Operand left;
     Operand right;
-    Token op;
+    const Token* next;
     TokenCode code;
-    if (!ParseOperand(left) || !compiler_.Read(op, code)) return false;
-    if (!IsComparison(code)) return compiler_.ReportSyntaxError(op);
+    if (!ParseOperand(left) || !compiler_.Peek(next, code)) return false;
+    if (!IsComparison(code)) return compiler_.ReportSyntaxError(*next);
+    const std::string_view op = next->text;
+    compiler_.Consume();
     if (!ParseOperand(right)) return false;
-    operand = Emit<CMacroStatementCompare>(op.text, std::move(left), std::move(right));
+    operand = Emit<CMacroStatementCompare>(op, std::move(left), std::move(right));
     return true;
 }
 

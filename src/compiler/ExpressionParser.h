@@ -35,7 +35,7 @@ private:
     bool ParseComparison(Operand& operand);
     bool ParseVariable(const Token& name, Operand& operand);
     bool ParseSubscript(OperandList& subscripts);
-    bool PeekOperator(TokenCode& code);
+    bool PeekOperator(const Token*& token, TokenCode& code);
 
     template <class Statement>
     Operand Emit(std::string_view op, Operand left, Operand right);

@@ -62,6 +62,9 @@ public:
         return true;
     }
 
+    /// Consumes what Peek has just seen.
+    void Consume() { lexer_->Consume(); }
+
     /// Consumes what Peek sees.
     bool Read(Token& token, TokenCode& code) {
         if (!lexer_->ReadTokenSkipping(token)) {
@@ -134,8 +137,7 @@ public:
 
 private:
     TokenCode CodeOf(Token& token) const {
-        constexpr std::uint8_t kUnknown = 0xFF;
-        if (token.readerCode == kUnknown) {
+        if (token.readerCode == Token::kNotRead) {
             token.readerCode = static_cast<std::uint8_t>(ClassifyToken(token, categories_));
         }
         return static_cast<TokenCode>(token.readerCode);

@@ -31,6 +31,7 @@ bool Preprocessor::ParseDirectives() {
         Token token;
         if (!compiler_.Read(token, code)) return false;
         if (!EndsLine(code)) return compiler_.ReportSyntaxError(token);
+        compiler_.GetLexer().ForgetReadText();
         if (!compiler_.Peek(code)) return false;
     } while (code == TokenCode::LineEnd || IsDirective(code));
     return true;

@@ -60,49 +60,43 @@ TokenCode ClassifyWord(std::string_view text, const CMacroCategoryCmdList& categ
     return code == TokenCode::Name && categories.IsCategory(text, {}) ? TokenCode::Category : code;
 }
 
-TokenCode ClassifyCharacter(char c) {
-    switch (c) {
-        case '\n':
-            return TokenCode::LineEnd;
-        case '(':
-            return TokenCode::OpenParenthesis;
-        case ')':
-            return TokenCode::CloseParenthesis;
-        case '[':
-            return TokenCode::OpenBracket;
-        case ']':
-            return TokenCode::CloseBracket;
-        case '=':
-            return TokenCode::Assign;
-        case '<':
-            return TokenCode::Less;
-        case '>':
-            return TokenCode::Greater;
-        case '+':
-            return TokenCode::Plus;
-        case '-':
-            return TokenCode::Minus;
-        case '*':
-            return TokenCode::Times;
-        case '/':
-            return TokenCode::Divide;
-        case '.':
-            return TokenCode::Point;
-        case ',':
-            return TokenCode::Comma;
-        case '|':
-            return TokenCode::BitOr;
-        case '&':
-            return TokenCode::BitAnd;
-        default:
-            return TokenCode::Other;
+/// The codes of the tokens of one character.
+class CharacterCodes {
+public:
+    constexpr CharacterCodes() {
+        for (TokenCode& code : codes_)
+            code = TokenCode::Other;
+        Set('\n', TokenCode::LineEnd);
+        Set('(', TokenCode::OpenParenthesis);
+        Set(')', TokenCode::CloseParenthesis);
+        Set('[', TokenCode::OpenBracket);
+        Set(']', TokenCode::CloseBracket);
+        Set('=', TokenCode::Assign);
+        Set('<', TokenCode::Less);
+        Set('>', TokenCode::Greater);
+        Set('+', TokenCode::Plus);
+        Set('-', TokenCode::Minus);
+        Set('*', TokenCode::Times);
+        Set('/', TokenCode::Divide);
+        Set('.', TokenCode::Point);
+        Set(',', TokenCode::Comma);
+        Set('|', TokenCode::BitOr);
+        Set('&', TokenCode::BitAnd);
     }
-}
+
+    constexpr TokenCode operator[](char c) const { return codes_[static_cast<unsigned char>(c)]; }
+
+private:
+    constexpr void Set(char c, TokenCode code) { codes_[static_cast<unsigned char>(c)] = code; }
+
+    TokenCode codes_[256] = {};
+};
+
+constexpr CharacterCodes kCharacterCodes;
 
 }  // namespace
 
 TokenCode ClassifyToken(const Token& token, const CMacroCategoryCmdList& categories) {
-    if (token.IsEnd()) return TokenCode::End;
     switch (token.kind) {
         case TokenKind::Integer:
             return TokenCode::Integer;
@@ -110,11 +104,14 @@ TokenCode ClassifyToken(const Token& token, const CMacroCategoryCmdList& categor
             return TokenCode::Real;
         case TokenKind::String:
             return TokenCode::String;
+        case TokenKind::Word:
+            return ClassifyWord(token.text, categories);
         default:
             break;
     }
+    if (token.IsEnd()) return TokenCode::End;
     if (IsNameStart(token.text.front())) return ClassifyWord(token.text, categories);
-    if (token.text.size() == 1) return ClassifyCharacter(token.text.front());
+    if (token.text.size() == 1) return kCharacterCodes[token.text.front()];
     return token.text.front() == '#' ? Find(kDirectives, token.text) : Find(kPairs, token.text);
 }
 

@@ -22,10 +22,10 @@ constexpr bool kUsesPlans = true;
 constexpr bool kUsesPlans = false;
 #endif
 
-/// @return a capacity with room for one more element, which grows in steps that make appending cheap.
+/// Makes room for one more element, in steps that make appending cheap.
 template <class Element>
-std::size_t GrownCapacity(const std::vector<Element>& elements) {
-    return elements.size() < elements.capacity() ? elements.capacity() : elements.size() * 2 + 16;
+void Grow(std::vector<Element>& elements) {
+    if (elements.size() == elements.capacity()) elements.reserve(elements.size() * 2 + 16);
 }
 
 }  // namespace
@@ -57,21 +57,15 @@ bool CMacroPrg::InsertMacroNode(StatementPointer<CMacroStatementBase> statement,
     if (statement == nullptr) {
         return Fail("internal error: NULL macro registerd at CMacroPrg::InsertMacroNode()");
     }
-    const State before = GetState();
+    Grow(statements_);
+    Grow(groupStarts_);
+    // From here on nothing can fail: a group never begins without its statement.
     SetState(State::Loading);
     const bool beginsGroup = groupStarts_.empty() || grouping == Grouping::Alone ||
                              (grouping == Grouping::BySourceLine && !IsInLastGroup(*statement));
     if (grouping == Grouping::WithLastGroup && !beginsGroup) {
         statement->SetLineNumber(statements_.front()->GetLineNumber());
     }
-    try {
-        statements_.reserve(GrownCapacity(statements_));
-        groupStarts_.reserve(GrownCapacity(groupStarts_));
-    } catch (...) {
-        SetState(before);
-        throw;
-    }
-    // From here on nothing can fail: a group never begins without its statement.
     if (beginsGroup) groupStarts_.push_back(static_cast<std::uint32_t>(statements_.size()));
     statements_.push_back(std::move(statement));
     SetState(State::Loaded);

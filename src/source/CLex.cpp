@@ -6,26 +6,13 @@
 #include <utility>
 
 #include "platform/CodePage.h"
+#include "platform/MemoryAdvice.h"
 #include "runtime/Limits.h"
 #include "source/Characters.h"
 
 namespace macroengine {
 
 namespace {
-
-/// Reads what most numbers are, a few decimal digits.
-/// @return false for any other number.
-bool ParseShortInteger(std::string_view text, std::uint32_t& value) {
-    constexpr std::size_t kFew = 9;
-    if (text.size() > kFew) return false;
-    std::uint32_t number = 0;
-    for (const char c : text) {
-        if (!IsDigit(c)) return false;
-        number = number * 10 + static_cast<std::uint32_t>(c - '0');
-    }
-    value = number;
-    return true;
-}
 
 /// Reads a number of the base, with an optional "-", as a C library with a 32-bit long does: a minus sign
 /// negates modulo 2^32.
@@ -47,10 +34,6 @@ bool ParseReal(std::string_view text, double& value) {
     if (text.substr(0, text.find('.')).find_first_of("123456789") != std::string_view::npos) return false;
     value = 0.0;
     return true;
-}
-
-TokenKind KindOfWord(std::string_view text) {
-    return text == "include" || text == "define" ? TokenKind::Directive : TokenKind::Word;
 }
 
 }  // namespace
@@ -75,8 +58,16 @@ void CLex::LoadText(const std::string& path, std::string text) {
 
 void CLex::Start(const std::string& path) {
     path_ = path;
+    remembered_ = text_.Begin();
     scanner_.Start(text_);
     front_ = back_ = nullptr;
+}
+
+void CLex::DiscardReadText() {
+    char* const begin = text_.Data() + (remembered_ - text_.Begin());
+    remembered_ = scanner_.GetPosition();
+    reducedTexts_.clear();
+    platform::DiscardContents(begin, static_cast<std::size_t>(remembered_ - begin));
 }
 
 bool CLex::ReportError(std::string_view text) {
@@ -110,9 +101,10 @@ Token* CLex::SkipFrom(Token* token) {
 /// @return false on a lexical error.
 bool CLex::Fill(Substitution substitution) {
     // A macro with an empty body gives no token at all.
-    while (front_ == back_) {
-        std::string_view text;
-        switch (scanner_.Next(text)) {
+    do {
+        Token& token = queue_[1];
+        front_ = back_ = &token;
+        switch (scanner_.Next(token)) {
             case TokenScanner::Result::End:
                 return true;
             case TokenScanner::Result::Failed:
@@ -120,54 +112,58 @@ bool CLex::Fill(Substitution substitution) {
             case TokenScanner::Result::Token:
                 break;
         }
-        front_ = back_ = queue_.data() + 1;
-        if (substitution == Substitution::None || !IsNameStart(text.front()) || macros_->IsEmpty()) {
-            if (!Classify(text, *back_)) return false;
+        if (substitution == Substitution::None || macros_->IsEmpty() || !IsNameStart(token.text.front())) {
+            if (!Finish(token)) return false;
             ++back_;
-            return true;
+        } else if (!SubstituteName(token.text)) {
+            return false;
         }
-        substituted_.clear();
-        if (!macros_->Substitute(text, substituted_)) {
-            return ReportError("The substitution for \"#define\" is to up to " +
-                               std::to_string(limits::kSubstitutedTokens) + " tokens.");
-        }
-        queue_.resize(std::max(queue_.size(), substituted_.size() + 1));
-        front_ = back_ = queue_.data() + 1;
-        for (const std::string_view part : substituted_) {
-            // Those before it stay in the queue.
-            if (!Classify(part, *back_)) return false;
-            ++back_;
-        }
+    } while (front_ == back_);
+    return true;
+}
+
+/// Fills the empty queue with what a name stands for.
+bool CLex::SubstituteName(std::string_view name) {
+    substituted_.clear();
+    if (!macros_->Substitute(name, substituted_)) {
+        return ReportError("The substitution for \"#define\" is to up to " +
+                           std::to_string(limits::kSubstitutedTokens) + " tokens.");
+    }
+    queue_.resize(std::max(queue_.size(), substituted_.size() + 1));
+    front_ = back_ = queue_.data() + 1;
+    for (const std::string_view part : substituted_) {
+        // Those before it stay in the queue.
+        if (!Classify(part, *back_)) return false;
+        ++back_;
     }
     return true;
 }
 
+/// Makes a token of a text that stands for a name.
 bool CLex::Classify(std::string_view text, Token& token) {
     token = Token();
     token.text = text;
     token.line = scanner_.GetLine();
     const char first = text.front();
-    if (IsDigit(first) || (first == '-' && text.size() > 1)) return ClassifyNumber(token);
-    if (IsLetter(first)) {
+    if (IsDigit(first) || (first == '-' && text.size() > 1)) {
+        token.kind = TokenKind::None;
+    } else if (IsNameStart(first) || first == '#') {
         token.kind = KindOfWord(text);
-    } else if (first == '"') {
-        token.kind = TokenKind::String;
-        token.text = ReduceEscapedQuotes(text);
-    } else if (first == '#') {
-        token.kind = TokenKind::Directive;
     } else {
-        token.kind = TokenKind::Operator;
-        if (first == '\r') token.text = "\n";
+        token.kind = first == '"' ? TokenKind::String : TokenKind::Operator;
     }
+    return Finish(token);
+}
+
+/// Does for a token what the scanner leaves.
+bool CLex::Finish(Token& token) {
+    if (token.kind == TokenKind::None) return ClassifyNumber(token);
+    if (token.kind == TokenKind::String) token.text = ReduceEscapedQuotes(token.text);
     return true;
 }
 
 bool CLex::ClassifyNumber(Token& token) {
     const std::string_view text = token.text;
-    if (ParseShortInteger(text, token.integerValue)) {
-        token.kind = TokenKind::Integer;
-        return true;
-    }
     bool inRange;
     if (text.size() > 2 && (text[1] == 'x' || text[1] == 'X')) {
         token.kind = TokenKind::Integer;
@@ -207,7 +203,7 @@ void CLex::SplitNegativeNumber() {
     Token minus = number;
     minus.text = number.text.substr(0, 1);
     minus.kind = TokenKind::Operator;
-    minus.readerCode = Token().readerCode;
+    minus.readerCode = Token::kNotRead;
     number.text.remove_prefix(1);
     if (number.kind == TokenKind::Real) {
         number.realValue = -number.realValue;

@@ -62,6 +62,12 @@ public:
         return front_ != back_ ? front_ : ScanAhead(substitution);
     }
 
+    /// Consumes the token that was peeked last.
+    void Consume() {
+        // The end is not in the queue: it is given again and again.
+        if (front_ != back_) ++front_;
+    }
+
     /// As ReadToken; while a region is skipped it passes over everything but line ends, directives and the
     /// end.
     bool ReadTokenSkipping(Token& token) { return PeekTokenSkipping() != nullptr && ReadToken(token); }
@@ -84,6 +90,13 @@ public:
     /// shares the other's table from then on: what either defines later, both know.
     void MergeMacros(const CLex& other);
 
+    /// Gives the memory of the text read so far back to the system; tokens that were read are lost. Nothing
+    /// happens while a token is peeked, or when there is little to gain.
+    void ForgetReadText() {
+        constexpr std::ptrdiff_t kWorthwhile = std::ptrdiff_t{1} << 18;
+        if (front_ == back_ && scanner_.GetPosition() - remembered_ >= kWorthwhile) DiscardReadText();
+    }
+
     std::uint32_t GetLine() const { return scanner_.GetLine(); }
     const std::string& GetFilePath() const { return path_; }
     CErrorMessageTable& GetErrors() { return errors_; }
@@ -95,20 +108,20 @@ protected:
 private:
     Token* ScanAhead(Substitution substitution);
     Token* SkipFrom(Token* token);
-    void Consume() {
-        // The end is not in the queue: it is given again and again.
-        if (front_ != back_) ++front_;
-    }
     bool Fill(Substitution substitution);
+    bool SubstituteName(std::string_view name);
     bool Classify(std::string_view text, Token& token);
+    bool Finish(Token& token);
     bool ClassifyNumber(Token& token);
     std::string_view ReduceEscapedQuotes(std::string_view text);
     bool IsSkipped(const Token& token) const;
     bool ReportError(std::string_view text);
     void Start(const std::string& path);
+    void DiscardReadText();
 
     std::string path_;
     SourceText text_;
+    const char* remembered_ = nullptr;  ///< where the text begins that is still there
     TokenScanner scanner_;
     CErrorMessageTable errors_;
 

@@ -16,6 +16,7 @@ public:
     SourceText();
     explicit SourceText(std::string text) : text_(std::move(text)) {}
 
+    char* Data() { return text_.data(); }
     const char* Begin() const { return text_.c_str(); }
     const char* End() const { return text_.c_str() + text_.size(); }
 

@@ -16,14 +16,22 @@ enum class TokenKind : std::uint8_t {
     None = 6  ///< not classified yet
 };
 
+/// @return the kind of a word of the source, "#" and "_" being letters that it may begin with.
+inline TokenKind KindOfWord(std::string_view text) {
+    if (text.front() == '#' || text == "include" || text == "define") return TokenKind::Directive;
+    return text.front() == '_' ? TokenKind::Operator : TokenKind::Word;
+}
+
 /// One token. Its text lives in the lexer that gave it, and as long as that lexer.
 struct Token {
+    static constexpr std::uint8_t kNotRead = 0xFF;
+
     std::string_view text;  ///< "\n" for a line end, empty at the end of the text
     std::uint32_t line = 0;
     TokenKind kind = TokenKind::None;
 
-    /// Free for the reader of the tokens, who may keep what it worked out about this one; 0xFF until then.
-    std::uint8_t readerCode = 0xFF;
+    /// Free for the reader of the tokens, who may keep what it worked out about this one; kNotRead until then.
+    std::uint8_t readerCode = kNotRead;
 
     union {
         double realValue = 0.0;      ///< of a real

@@ -12,12 +12,26 @@ namespace macroengine {
 namespace {
 
 constexpr std::string_view kInvalidLetter = "find invalid letter(s) in file.";
+constexpr std::ptrdiff_t kFewDigits = 9;
 constexpr std::string_view kOpenString = "Can't find [\"] for the end of string.";
 
 const char* SkipDigits(const char* position) {
     while (IsDigit(*position))
         ++position;
     return position;
+}
+
+/// @return where the number at the position ends.
+const char* FindNumberEnd(const char* position) {
+    if (position[0] == '0' && (position[1] == 'x' || position[1] == 'X')) {
+        const char* end = position + 2;
+        while (IsHexadecimalDigit(*end))
+            ++end;
+        // Without a digit the number is the "0" alone, and the letter begins a word.
+        return end == position + 2 ? position + 1 : end;
+    }
+    const char* const end = SkipDigits(position + 1);
+    return *end == '.' ? SkipDigits(end + 1) : end;
 }
 
 /// @return the length of the operator at the position, 1 for anything that is none.
@@ -48,22 +62,22 @@ void TokenScanner::Start(const SourceText& text) {
     failure_ = {};
 }
 
-TokenScanner::Result TokenScanner::Next(std::string_view& token) {
-    token = {};
-    SkipBlanksAndComments();
+TokenScanner::Result TokenScanner::Next(Token& token) {
+    token.text = {};
+    token.readerCode = Token::kNotRead;
+    while (*position_ == ' ')
+        ++position_;
+    if (MayBeSkipped(*position_)) SkipBlanksAndComments();
+    token.line = line_;
     const char first = *position_;
-    if (first == '\0') return Result::End;
-    if (IsNonAscii(first)) return FailOnInvalidLetter(token);
     if (IsNameStart(first) || first == '#') return ScanWord(token);
     if (IsDigit(first) || (first == '-' && IsDigit(position_[1]))) return ScanNumber(token);
+    if (first == '\n' || first == '\r') return ScanLineEnd(token);
     if (first == '"') return ScanString(token);
-    return Take(token, position_ + OperatorLength(position_));
+    return ScanOperator(token);
 }
 
 void TokenScanner::SkipBlanksAndComments() {
-    while (*position_ == ' ')
-        ++position_;
-    if (!MayBeSkipped(*position_)) return;
     enum class Comment { None, Block, Line } comment = Comment::None;
     for (;; ++position_) {
         const char c = *position_;
@@ -91,43 +105,60 @@ void TokenScanner::SkipBlanksAndComments() {
     }
 }
 
-TokenScanner::Result TokenScanner::Take(std::string_view& token, const char* end) {
-    token = std::string_view(position_, static_cast<std::size_t>(end - position_));
+TokenScanner::Result TokenScanner::Take(Token& token, TokenKind kind, const char* end) {
+    token.text = std::string_view(position_, static_cast<std::size_t>(end - position_));
+    token.kind = kind;
     position_ = end;
     return Result::Token;
 }
 
-TokenScanner::Result TokenScanner::FailOnInvalidLetter(std::string_view& token) {
-    token = {};
+TokenScanner::Result TokenScanner::FailOnInvalidLetter() {
     failure_ = kInvalidLetter;
     position_ = end_;
     return Result::Failed;
 }
 
-TokenScanner::Result TokenScanner::ScanWord(std::string_view& token) {
+TokenScanner::Result TokenScanner::ScanLineEnd(Token& token) {
+    token.text = "\n";
+    token.kind = TokenKind::Operator;
+    ++position_;
+    return Result::Token;
+}
+
+TokenScanner::Result TokenScanner::ScanWord(Token& token) {
     const char* end = position_ + 1;
     while (IsNamePart(*end))
         ++end;
-    if (IsNonAscii(*end)) return FailOnInvalidLetter(token);
-    return Take(token, end);
+    if (IsNonAscii(*end)) return FailOnInvalidLetter();
+    Take(token, TokenKind::Word, end);
+    token.kind = KindOfWord(token.text);
+    return Result::Token;
 }
 
-TokenScanner::Result TokenScanner::ScanNumber(std::string_view& token) {
-    if (position_[0] == '0' && (position_[1] == 'x' || position_[1] == 'X')) {
-        const char* end = position_ + 2;
-        while (IsHexadecimalDigit(*end))
-            ++end;
-        // Without a digit the number is the "0" alone, and the letter begins a word.
-        return Take(token, end == position_ + 2 ? position_ + 1 : end);
+TokenScanner::Result TokenScanner::ScanNumber(Token& token) {
+    const char* end = position_ + 1;
+    if (*position_ != '-') {
+        // Most numbers are a few decimal digits, whose value comes by the way.
+        std::uint32_t value = static_cast<std::uint32_t>(*position_ - '0');
+        for (; IsDigit(*end); ++end)
+            value = value * 10 + static_cast<std::uint32_t>(*end - '0');
+        if (end - position_ <= kFewDigits && *end != '.' && *end != 'x' && *end != 'X') {
+            token.integerValue = value;
+            return Take(token, TokenKind::Integer, end);
+        }
     }
-    const char* end = SkipDigits(position_ + 1);
-    if (*end == '.') end = SkipDigits(end + 1);
-    return Take(token, end);
+    return Take(token, TokenKind::None, FindNumberEnd(position_));
 }
 
-TokenScanner::Result TokenScanner::ScanString(std::string_view& token) {
+TokenScanner::Result TokenScanner::ScanOperator(Token& token) {
+    if (*position_ == '\0') return Result::End;
+    if (IsNonAscii(*position_)) return FailOnInvalidLetter();
+    return Take(token, TokenKind::Operator, position_ + OperatorLength(position_));
+}
+
+TokenScanner::Result TokenScanner::ScanString(Token& token) {
     const char* const end = FindStringEnd();
-    if (*end == '"') return Take(token, end + 1);
+    if (*end == '"') return Take(token, TokenKind::String, end + 1);
     failure_ = kOpenString;
     position_ = *end == '\n' ? end : end_;
     return Result::Failed;

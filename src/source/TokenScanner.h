@@ -4,10 +4,11 @@
 #include <string_view>
 
 #include "source/SourceLoader.h"
+#include "source/Token.h"
 
 namespace macroengine {
 
-/// Cuts a source text into the texts of its tokens, and counts its lines.
+/// Cuts a source text into tokens, and counts its lines.
 ///
 /// The line counter is advanced when a line end is reached, before its token is given, so a line end carries
 /// the number of the line that it leads to.
@@ -22,12 +23,16 @@ public:
 
     /// Skips blanks and comments and scans one token.
     ///
-    /// @param token  receives the token's characters, a view into the text.
+    /// @param token  receives all of the token but what takes a closer look: a string has its quotes and
+    ///               backslashes, and a number that is not a few decimal digits is of kind None.
     /// @return End at the end of the text, with an empty token; Failed with the reason in GetFailure(), and
     ///         the scanner positioned where it may go on.
-    Result Next(std::string_view& token);
+    Result Next(Token& token);
 
     std::uint32_t GetLine() const { return line_; }
+
+    /// @return where the next token is looked for.
+    const char* GetPosition() const { return position_; }
 
     /// @return the message of the last failure.
     std::string_view GetFailure() const { return failure_; }
@@ -35,11 +40,13 @@ public:
 private:
     void SkipBlanksAndComments();
     const char* FindStringEnd() const;
-    Result ScanString(std::string_view& token);
-    Result ScanWord(std::string_view& token);
-    Result ScanNumber(std::string_view& token);
-    Result Take(std::string_view& token, const char* end);
-    Result FailOnInvalidLetter(std::string_view& token);
+    Result ScanLineEnd(Token& token);
+    Result ScanString(Token& token);
+    Result ScanWord(Token& token);
+    Result ScanNumber(Token& token);
+    Result ScanOperator(Token& token);
+    Result Take(Token& token, TokenKind kind, const char* end);
+    Result FailOnInvalidLetter();
 
     const char* position_ = "";
     const char* end_ = position_;

@@ -39,7 +39,7 @@ class ReferenceDocumentsTest(CliTest):
         table = documents.read(SOURCE_DIR / "src" / "compiler" / "TokenCode.cpp")
         tokens = re.findall(r'\{"([^"\\]+)", *TokenCode::', table)
         tokens += re.findall(r'text == "([^"\\]+)"', table)
-        tokens += re.findall(r"case '([^'\\])':\s+return TokenCode::", table)
+        tokens += re.findall(r"Set\('([^'\\])', TokenCode::", table)
         self.assertGreater(len(tokens), 30)
         self.assertEqual([token for token in tokens if f'"{token}"' not in grammar], [])
 

@@ -227,5 +227,14 @@ TEST(StatementParser, LoadsAddToTheProgram) {
     EXPECT_EQ(macro.ValueOf("x"), "integer 12");
 }
 
+TEST(StatementParser, AStatementMayReachOverMoreTextThanIsKept) {
+    const std::string comment = "/*" + std::string(std::size_t{1} << 20, '\n') + "*/";
+    EXPECT_EQ(ResultOf("x = " + comment + "\"text\" " + comment + " + " + comment + "\"!\"\n", "x"),
+              "text \"text!\"");
+    CompiledMacro macro;
+    EXPECT_EQ(macro.Compile("x = 1\nname " + comment + " . y\n"),
+              Lines{"main.mac(2): error : \"name\" is not category operand."});
+}
+
 }  // namespace
 }  // namespace macroengine

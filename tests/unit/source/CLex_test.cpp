@@ -318,5 +318,30 @@ TEST(CLex, ErrorsNameTheFileAsItWasGiven) {
                      "sub\\of/a.mac(3): error : Can't find [\"] for the end of string.", "3: end"}));
 }
 
+TEST(CLex, ForgettingWhatWasReadLosesNothingOfTheRest) {
+    std::string source;
+    while (source.size() < (std::size_t{1} << 21))
+        source += "name = 12 + \"a \\\" quote\" // a remark\n";
+    CLex whole;
+    CLex forgetful;
+    whole.LoadText("a.mac", source);
+    forgetful.LoadText("a.mac", source);
+    Token expected;
+    Token token;
+    do {
+        ASSERT_TRUE(whole.ReadToken(expected) && forgetful.ReadToken(token));
+        ASSERT_EQ(Spell(token), Spell(expected));
+        if (token.IsLineEnd()) forgetful.ForgetReadText();
+    } while (!token.IsEnd());
+}
+
+TEST(CLex, APeekedTokenIsNotForgotten) {
+    CLex lexer;
+    lexer.LoadText("a.mac", std::string(std::size_t{1} << 21, ' ') + std::string(10000, 'n') + " = 1");
+    const Token* const token = lexer.PeekToken();
+    lexer.ForgetReadText();
+    EXPECT_EQ(token->text, std::string(10000, 'n'));
+}
+
 }  // namespace
 }  // namespace macroengine

@@ -19,15 +19,16 @@ Lines Scan(const std::string& source) {
     scanner.Start(text);
     Lines lines;
     for (;;) {
-        std::string_view token = "not written";
+        Token token;
+        token.text = "not written";
         const TokenScanner::Result result = scanner.Next(token);
         std::string line = std::to_string(scanner.GetLine());
         if (result == TokenScanner::Result::Token) {
             line += ": ";
-            for (const char c : token)
+            for (const char c : token.text)
                 line += c == '\n' ? "\\n" : c == '\r' ? "\\r" : c == '\f' ? "\\f" : std::string(1, c);
         } else {
-            EXPECT_EQ(token, "");
+            EXPECT_EQ(token.text, "");
             line += result == TokenScanner::Result::End ? ": end" : "! " + std::string(scanner.GetFailure());
         }
         lines.push_back(line);
@@ -159,10 +160,10 @@ TEST(TokenScanner, LineEndsAreTokensOnTheLineTheyLeadTo) {
         {"a\r\n\nb\n", {"1: a", "2: \\n", "3: \\n", "3: b", "4: \\n", "4: end"}},
         {"\n\r\n", {"2: \\n", "3: \\n", "3: end"}},
         // A carriage return alone is a token and counts no line.
-        {"a\rb", {"1: a", "1: \\r", "1: b", "1: end"}},
-        {"\r", {"1: \\r", "1: end"}},
-        {"\r\r\n", {"1: \\r", "2: \\n", "2: end"}},
-        {"\n\r", {"2: \\n", "2: \\r", "2: end"}},
+        {"a\rb", {"1: a", "1: \\n", "1: b", "1: end"}},
+        {"\r", {"1: \\n", "1: end"}},
+        {"\r\r\n", {"1: \\n", "2: \\n", "2: end"}},
+        {"\n\r", {"2: \\n", "2: \\n", "2: end"}},
     });
 }
 
@@ -317,21 +318,22 @@ TEST(TokenScanner, TheEndComesAgainAndAgain) {
     const SourceText text{std::string("a\n")};
     TokenScanner scanner;
     scanner.Start(text);
-    std::string_view token;
+    Token token;
     EXPECT_EQ(scanner.Next(token), TokenScanner::Result::Token);
     EXPECT_EQ(scanner.Next(token), TokenScanner::Result::Token);
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(scanner.Next(token), TokenScanner::Result::End);
-        EXPECT_EQ(token, "");
+        EXPECT_EQ(token.text, "");
         EXPECT_EQ(scanner.GetLine(), 2U);
     }
 }
 
 TEST(TokenScanner, AScannerWithoutATextIsAtTheEnd) {
     TokenScanner scanner;
-    std::string_view token = "not written";
+    Token token;
+    token.text = "not written";
     EXPECT_EQ(scanner.Next(token), TokenScanner::Result::End);
-    EXPECT_EQ(token, "");
+    EXPECT_EQ(token.text, "");
     EXPECT_EQ(scanner.GetLine(), 1U);
 }
 
@@ -339,7 +341,7 @@ TEST(TokenScanner, StartBeginsAnewAtLineOne) {
     const SourceText first{std::string("\n\n\"a")};
     const SourceText second{std::string("b")};
     TokenScanner scanner;
-    std::string_view token;
+    Token token;
     scanner.Start(first);
     while (scanner.Next(token) != TokenScanner::Result::End)
         ;
@@ -347,7 +349,7 @@ TEST(TokenScanner, StartBeginsAnewAtLineOne) {
     EXPECT_EQ(scanner.GetLine(), 1U);
     EXPECT_EQ(scanner.GetFailure(), "");
     EXPECT_EQ(scanner.Next(token), TokenScanner::Result::Token);
-    EXPECT_EQ(token, "b");
+    EXPECT_EQ(token.text, "b");
 }
 
 }  // namespace
