@@ -276,8 +276,10 @@ bool CMacroProperty::SetResultArray(int count, const Value* values, ToValue toVa
     if (count <= 0 || values == nullptr) return true;
     CMacroCommonValue result = CMacroCommonValue::Array(SharedArray::Create());
     SharedArray& array = result.MutableArray();
-    for (int i = 0; i < count; ++i)
-        array.Append(toValue(values[i]).View());
+    for (int i = 0; i < count; ++i) {
+        CMacroCommonValue element = toValue(values[i]);
+        array.AppendFrom(element.Cell());
+    }
     result_ = std::move(result);
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "runtime/Limits.h"
@@ -113,6 +114,15 @@ public:
     }
 
     void Append(const ValueView& value) { Set(size_, value); }
+
+    /// As Append; takes over the cell's reference to what its value points to, where that is simple.
+    void AppendFrom(ValueView& cell) {
+        if (form_ == Form::Cells && size_ < counts_.capacity) {
+            Cells()[size_++] = std::exchange(cell, ValueView());
+        } else {
+            Append(cell);
+        }
+    }
 
     /// Makes room for as many elements in all.
     void Reserve(std::size_t count);

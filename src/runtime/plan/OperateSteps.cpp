@@ -1,6 +1,7 @@
 #include "runtime/plan/OperateSteps.h"
 
 #include <new>
+#include <string_view>
 
 #include "runtime/ValueText.h"
 #include "runtime/plan/Calculation.h"
@@ -69,7 +70,8 @@ struct Operation {
         const ValueView& right = RightOf<rightSide>(*step);
         if (IsNumber(left) && IsNumber(right)) return WithNumbers(step, frame);
         if constexpr (op == Operator::Add) {
-            if (left.eType == ValueKind::String && right.eType <= ValueKind::Boolean) {
+            if (IsAppend(left, right)) {
+                step->run = WithText;
                 return WithText(step, frame);
             }
         }
@@ -104,21 +106,46 @@ struct Operation {
     }
 
     static Step* WithText(Step* step, Frame& frame) {
-        if (!Append(*step)) return RunStatements(step, frame);
-        return step + 1;
+        const ValueView& right = RightOf<rightSide>(*step);
+        if (!IsAppend(*step->left, right)) return WithAny(step, frame);
+        const bool done = right.eType == ValueKind::String ? Append(*step, right.Text())
+                                                           : Append(*step, ValueText(right).Get());
+        return done ? step + 1 : RunStatements(step, frame);
+    }
+
+    static bool IsAppend(const ValueView& left, const ValueView& right) {
+        return left.eType == ValueKind::String && right.eType <= ValueKind::Boolean;
     }
 
     /// @return false when there is no memory for the text; nothing has changed then.
-    static bool Append(Step& step) {
+    static bool Append(Step& step, std::string_view text) {
+        const ValueView left = *step.left;
+        if (left.text != nullptr && left.text->Extend(left.length, text)) {
+            const auto length = static_cast<std::uint32_t>(left.length + text.size());
+            AssignStart(*step.result, left.text, length);
+            if constexpr (assigns) AssignStart(*step.target, left.text, length);
+            return true;
+        }
         try {
-            const CMacroCommonValue whole =
-                Concatenate(*step.left, ValueText(RightOf<rightSide>(step)).Get());
+            const CMacroCommonValue whole = Concatenate(left, text);
             AssignCell(*step.result, whole.View());
             if constexpr (assigns) AssignCell(*step.target, whole.View());
             return true;
         } catch (const std::bad_alloc&) {
             return false;
         }
+    }
+
+    /// Makes a cell the text of a length at the start of a block.
+    static void AssignStart(ValueView& cell, SharedText* block, std::uint32_t length) {
+        // Mostly it holds a shorter one of the same block.
+        if (cell.eType != ValueKind::String || cell.text != block) {
+            block->AddReference();
+            Release(cell);
+            cell.eType = ValueKind::String;
+            cell.text = block;
+        }
+        cell.length = length;
     }
 };
 

@@ -42,6 +42,22 @@ TEST(SharedArray, IsEmptyAtFirst) {
     EXPECT_EQ(Make()->GetSize(), 0U);
 }
 
+TEST(SharedArray, AppendingFromACellKeepsWhatItHeld) {
+    const Held array = Make();
+    for (int i = 0; i < 20; ++i) {
+        for (CMacroCommonValue value : {Text("x" + std::to_string(i)), ArrayOf({Integer(i)}), Integer(i)})
+            array->AppendFrom(value.Cell());
+    }
+    EXPECT_EQ(array->GetSize(), 60U);
+    for (int i = 0; i < 20; ++i) {
+        const auto index = static_cast<std::uint32_t>(3 * i);
+        const std::string number = std::to_string(i);
+        EXPECT_EQ(Describe(array->At(index)), "text \"x" + number + "\"");
+        EXPECT_EQ(Describe(array->At(index + 1)), Describe(ArrayOf({Integer(i)}).View()));
+        EXPECT_EQ(Describe(array->At(index + 2)), "integer " + number);
+    }
+}
+
 TEST(SharedArray, KeepsElementsOfEveryKindInOrder) {
     const std::vector<CMacroCommonValue> mixed = {
         Integer(-1), Floating(2.5), Text("three"), Boolean(true), Text(""), ArrayOf({Integer(1), Text("x")}),
