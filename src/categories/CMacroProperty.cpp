@@ -263,10 +263,6 @@ const char* CMacroProperty::GetAssignedArrayString(unsigned int element) {
 
 // The result
 
-CMacroCommonValue CMacroProperty::TakeResult() {
-    return std::move(result_);
-}
-
 void CMacroProperty::SetResult(CMacroCommonValue value) {
     result_ = std::move(value);
 }

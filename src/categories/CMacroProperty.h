@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "categories/CMacroCategoryCmdList.h"
 #include "host/CErrorMessageTable.h"
@@ -71,7 +72,7 @@ public:
     CErrorMessageTable& GetErrors();
 
     /// @return the result, which the object gives up.
-    CMacroCommonValue TakeResult();
+    CMacroCommonValue TakeResult() { return std::move(result_); }
 
 private:
     bool Fail(std::string_view text);

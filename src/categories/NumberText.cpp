@@ -48,8 +48,7 @@ Magnitude ReadMagnitude(std::string_view text) {
     for (; position < text.size(); ++position) {
         const unsigned int digit = kDigitValues.of[static_cast<unsigned char>(text[position])];
         if (digit >= base) break;
-        value = value * base + digit;
-        if (value > kTooLarge) value = kTooLarge;
+        value = std::min(value * base + digit, kTooLarge);
     }
     if (position == first) return magnitude;
     magnitude.value = value;

@@ -17,12 +17,12 @@ public:
     void SetArguments(OperandList operands) { operands_ = std::move(operands); }
 
     /// @param operand  the value assigned to the call; a result reference without a target for none.
-    void SetAssignedValue(Operand operand) { assigned_ = std::move(operand); }
+    void SetAssignedValue(Operand operand);
 
     const CommandEntry& GetEntry() const { return entry_; }
     const OperandList& GetOperands() const { return operands_; }
     const Operand& GetAssignedValue() const { return assigned_; }
-    bool IsAssignedTo() const;
+    bool IsAssignedTo() const { return isAssignedTo_; }
     CMacroCommonValue& GetResult() { return result_; }
 
     bool vfRun() override;
@@ -30,6 +30,7 @@ public:
 private:
     bool ResolveArguments();
 
+    bool isAssignedTo_ = true;
     CMacroCategoryCmdList& list_;
     CommandEntry& entry_;
     OperandList operands_;
