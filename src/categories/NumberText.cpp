@@ -48,10 +48,11 @@ Magnitude ReadMagnitude(std::string_view text) {
     for (; position < text.size(); ++position) {
         const unsigned int digit = kDigitValues.of[static_cast<unsigned char>(text[position])];
         if (digit >= base) break;
-        value = std::min(value * base + digit, kTooLarge);
+        // Digits that no 64 bits hold are too large already.
+        if (value < kTooLarge) value = value * base + digit;
     }
     if (position == first) return magnitude;
-    magnitude.value = value;
+    magnitude.value = std::min(value, kTooLarge);
     magnitude.length = position;
     magnitude.isNegative = text.front() == '-';
     return magnitude;

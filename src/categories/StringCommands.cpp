@@ -1,5 +1,6 @@
 #include "categories/StringCommands.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -16,6 +17,9 @@ namespace {
 
 constexpr unsigned int kMinWidth = 1;
 constexpr unsigned int kMaxWidth = 32;
+
+/// The hexadecimal digits of the largest number.
+constexpr int kLongestHexadecimal = 8;
 
 /// Digits filled up from the left to a width, in a buffer of their own.
 class PaddedDigits {
@@ -87,16 +91,16 @@ bool CMacroCategoryCmdString_int2Hexstr::Run(CMacroPropertyIF* property) {
     if (count > 1 && !property->GetArgInteger(1, kMinWidth, kMaxWidth, width)) return false;
     if (!property->CheckNoAssignedValue(false)) return false;
 
+    const auto number = static_cast<std::uint32_t>(value);
+    int length = std::max(width, 1);
+    while (length < kLongestHexadecimal && number >> (4 * length) != 0)
+        ++length;
     char digits[kMaxWidth + 1];
-    char* const last = digits + kMaxWidth;
-    char* first = last;
-    *last = '\0';
-    auto rest = static_cast<std::uint32_t>(value);
-    do {
-        *--first = "0123456789ABCDEF"[rest % 16];
-        rest /= 16;
-    } while (rest != 0 || last - first < width);
-    return property->SetResultString(first);
+    digits[length] = '\0';
+    auto rest = number;
+    for (int i = length; i > 0; rest /= 16)
+        digits[--i] = "0123456789ABCDEF"[rest % 16];
+    return property->SetResultString(digits);
 }
 
 bool CMacroCategoryCmdString_int2Decstr::Run(CMacroPropertyIF* property) {
