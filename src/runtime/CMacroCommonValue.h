@@ -78,35 +78,27 @@ private:
 
 static_assert(sizeof(CMacroCommonValue) == 24 || sizeof(void*) != 8, "values stay three words small");
 
+// Most values hold no reference, and most of those that do hold a text.
+
 inline void Retain(const ValueView& view) {
-    switch (view.eType) {
-        case ValueKind::String:
-            if (view.text != nullptr) view.text->AddReference();
-            break;
-        case ValueKind::Array:
-            view.array->AddReference();
-            break;
-        case ValueKind::ElementReference:
-            view.element->AddReference();
-            break;
-        default:
-            break;
+    if (!HoldsReference(view.eType)) return;
+    if (view.eType == ValueKind::String) {
+        if (view.text != nullptr) view.text->AddReference();
+    } else if (view.eType == ValueKind::Array) {
+        view.array->AddReference();
+    } else {
+        view.element->AddReference();
     }
 }
 
 inline void Release(const ValueView& view) {
-    switch (view.eType) {
-        case ValueKind::String:
-            if (view.text != nullptr) view.text->Release();
-            break;
-        case ValueKind::Array:
-            view.array->Release();
-            break;
-        case ValueKind::ElementReference:
-            view.element->Release();
-            break;
-        default:
-            break;
+    if (!HoldsReference(view.eType)) return;
+    if (view.eType == ValueKind::String) {
+        if (view.text != nullptr) view.text->Release();
+    } else if (view.eType == ValueKind::Array) {
+        view.array->Release();
+    } else {
+        view.element->Release();
     }
 }
 

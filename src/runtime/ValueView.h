@@ -33,7 +33,10 @@ constexpr bool IsConcrete(ValueKind kind) {
 
 /// @return whether the payload of a value of the kind is a block that the value has a share in.
 constexpr bool HoldsReference(ValueKind kind) {
-    return kind == ValueKind::String || kind == ValueKind::Array || kind == ValueKind::ElementReference;
+    constexpr auto Bit = [](ValueKind of) { return 1U << static_cast<unsigned int>(of); };
+    constexpr unsigned int kHolders =
+        Bit(ValueKind::String) | Bit(ValueKind::Array) | Bit(ValueKind::ElementReference);
+    return (Bit(kind) & kHolders) != 0;
 }
 
 /// The kind and the payload of a value, without a share in what the payload points to. Cheap to copy; valid
