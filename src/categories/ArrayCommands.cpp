@@ -3,6 +3,7 @@
 #include <limits>
 #include <vector>
 
+#include "categories/CommandFailure.h"
 #include "macroengine/CMacroPropertyIF.h"
 #include "runtime/ValueView.h"
 
@@ -13,7 +14,9 @@ namespace {
 constexpr int kInteger = static_cast<int>(ValueKind::Integer);
 constexpr int kFloating = static_cast<int>(ValueKind::Floating);
 constexpr int kString = static_cast<int>(ValueKind::String);
+constexpr int kBoolean = static_cast<int>(ValueKind::Boolean);
 constexpr int kArray = static_cast<int>(ValueKind::Array);
+constexpr int kNone = static_cast<int>(ValueKind::None);
 
 /// Reads all arguments into a table, each of exactly the kind.
 /// @param read  stores the argument of an index, or returns false.
@@ -22,8 +25,7 @@ bool ReadTable(CMacroPropertyIF* property, int count, int kind, std::vector<Elem
     table.resize(static_cast<std::size_t>(count));
     for (unsigned int i = 0; i < table.size(); ++i) {
         if (property->GetArgType(i) != kind) {
-            property->AddErrorMessage("array.init() argument error. (mixed difference types)");
-            return false;
+            return Fail(property, "array.init() argument error. (mixed difference types)");
         }
         if (!read(i, table[i])) return false;
     }
@@ -35,7 +37,10 @@ bool ReadTable(CMacroPropertyIF* property, int count, int kind, std::vector<Elem
 bool CMacroCategoryCmdArray_Init::Run(CMacroPropertyIF* property) {
     const int count = property->CheckArgumentCount(1, std::numeric_limits<unsigned int>::max());
     if (count < 0) return false;
-    switch (property->GetArgType(0)) {
+    // The engine's own interface does not let none pass; that of a plug-in that calls the command may.
+    if (count == 0) return Fail(property, "array.init() argument error. (need some arguments)");
+    const int kind = property->GetArgType(0);
+    switch (kind) {
         case kInteger: {
             std::vector<int> table;
             const auto read = [&](unsigned int i, int& value) {
@@ -62,16 +67,15 @@ bool CMacroCategoryCmdArray_Init::Run(CMacroPropertyIF* property) {
                    property->SetResultStringArray(count, table.data());
         }
         default:
-            property->AddErrorMessage("array.init() system error");
-            return false;
+            // A kind that the language does not have makes no array, and is no error.
+            return kind < kBoolean || kind > kNone || Fail(property, "array.init() system error");
     }
 }
 
 bool CMacroCategoryCmdArray_Max::Run(CMacroPropertyIF* property) {
     if (property->CheckArgumentCount(1, 1) < 0) return false;
     if (property->GetArgType(0) != kArray) {
-        property->AddErrorMessage("array.max() : argument[0] is not array.");
-        return false;
+        return Fail(property, "array.max() : argument[0] is not array.");
     }
     const int size = property->GetArgArraySize(0);
     return size >= 0 && property->SetResultInteger(size);

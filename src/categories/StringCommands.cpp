@@ -50,7 +50,9 @@ bool FormatByKind(CMacroPropertyIF* property, const char* format, std::string& t
         return false;
     };
     switch (static_cast<ValueKind>(property->GetArgType(1))) {
-        case ValueKind::Integer: {
+        case ValueKind::Integer:
+        case ValueKind::ResultReference: {
+            // The engine resolves a reference before a call; a plug-in's interface may answer for it.
             int value = 0;
             return property->GetArgInteger(1, 0, 0, value) && suits(FormatDirective::Value::Integer) &&
                    directive.Format(std::int32_t{value}, text);

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
 
 #include "categories/CMacroProperty.h"
@@ -8,13 +9,20 @@
 namespace macroengine::test {
 namespace {
 
+/// What an interface object answers other than the engine's own would.
+struct Answers {
+    bool hasPaths = true;      ///< false: no path can be completed
+    std::optional<int> count;  ///< of the arguments, whatever the limits
+    std::optional<int> kind;   ///< of every argument
+};
+
 /// What a plug-in may hand to a built-in command that it calls: an object that is not the engine's own.
 class ForeignProperty : public CMacroPropertyIF {
 public:
-    explicit ForeignProperty(CMacroPropertyIF& inner) : inner_(inner) {}
+    ForeignProperty(CMacroPropertyIF& inner, const Answers& answers) : inner_(inner), answers_(answers) {}
 
     int CheckArgumentCount(unsigned int min, unsigned int max) override {
-        return inner_.CheckArgumentCount(min, max);
+        return answers_.count ? *answers_.count : inner_.CheckArgumentCount(min, max);
     }
     bool GetArgInteger(unsigned int index, unsigned int min, unsigned int max, int& value) override {
         return inner_.GetArgInteger(index, min, max, value);
@@ -46,7 +54,7 @@ public:
     bool AddErrorMessage(const char* text) override { return inner_.AddErrorMessage(text); }
     const char* GetWorkFolder() override { return inner_.GetWorkFolder(); }
     const char* GetFullPathFromWorkFolder(const char* path) override {
-        return hasPaths ? inner_.GetFullPathFromWorkFolder(path) : nullptr;
+        return answers_.hasPaths ? inner_.GetFullPathFromWorkFolder(path) : nullptr;
     }
     const char* EscapeBackslash(const char* text) override { return inner_.EscapeBackslash(text); }
     const char* GetFullPathFromMacroFolder(const char* path) override {
@@ -76,12 +84,13 @@ public:
     const char* GetAssignedArrayString(unsigned int element) override {
         return inner_.GetAssignedArrayString(element);
     }
-    int GetArgType(unsigned int index) override { return inner_.GetArgType(index); }
-
-    bool hasPaths = true;  ///< false: no path can be completed
+    int GetArgType(unsigned int index) override {
+        return answers_.kind ? *answers_.kind : inner_.GetArgType(index);
+    }
 
 private:
     CMacroPropertyIF& inner_;
+    const Answers& answers_;
 };
 
 class ForeignCall : public testing::Test {
@@ -89,15 +98,14 @@ protected:
     /// Returns the description of the result, or the last error line.
     std::string Call(const char* category, const char* command,
                      const std::vector<CMacroCommonValue>& arguments,
-                     const CMacroCommonValue* assigned = nullptr, bool hasPaths = true) {
+                     const CMacroCommonValue* assigned = nullptr) {
         CMacroCategoryCmdList list("");
         SourceUnit unit;
         unit.fileName = folder_.PathOf("a.mac");
         const std::vector<ValueView> views = test::ViewsOf(arguments);
         const CallOperands operands{views, assigned == nullptr ? nullptr : &assigned->View()};
         CMacroProperty own(*list.FindEntry(category, command), unit, 7, operands);
-        ForeignProperty foreign(own);
-        foreign.hasPaths = hasPaths;
+        ForeignProperty foreign(own, answers_);
         if (list.FindCommand(category, command)->Run(&foreign)) return Describe(own.TakeResult());
         return own.GetErrors().GetMessage(own.GetErrors().GetCount() - 1);
     }
@@ -106,6 +114,7 @@ protected:
     }
 
     TemporaryFolder folder_;
+    Answers answers_;
 };
 
 TEST_F(ForeignCall, SystemVariablesAreSetAndRead) {
@@ -134,7 +143,32 @@ TEST_F(ForeignCall, ArraysInAnArrayDoNotFit) {
 }
 
 TEST_F(ForeignCall, WithoutAPathAFileReadsAsTheEmptyText) {
-    EXPECT_EQ(Call("system", "csvfile_read", {Text("a.csv")}, nullptr, false), "text \"\"");
+    answers_.hasPaths = false;
+    EXPECT_EQ(Call("system", "csvfile_read", {Text("a.csv")}), "text \"\"");
+}
+
+TEST_F(ForeignCall, AnArrayOfNoArgumentsFails) {
+    answers_.count = 0;
+    EXPECT_EQ(Call("array", "init", {}), Error("array.init() argument error. (need some arguments)"));
+}
+
+TEST_F(ForeignCall, OnlyNumbersAndTextsMakeAnArray) {
+    for (const int kind : {3, 4, 5, 6, 7, 8}) {
+        answers_.kind = kind;
+        EXPECT_EQ(Call("array", "init", {Integer(1)}), Error("array.init() system error")) << kind;
+    }
+}
+
+TEST_F(ForeignCall, AKindThatTheLanguageDoesNotHaveMakesNoArrayAndNoError) {
+    for (const int kind : {-1, 9}) {
+        answers_.kind = kind;
+        EXPECT_EQ(Call("array", "init", {Integer(1)}), "none") << kind;
+    }
+}
+
+TEST_F(ForeignCall, AReferenceToAResultIsFormattedAsAnInteger) {
+    answers_.kind = 5;
+    EXPECT_EQ(Call("string", "format", {Text("%d"), Integer(42)}), "text \"42\"");
 }
 
 }  // namespace
