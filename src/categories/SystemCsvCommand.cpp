@@ -11,6 +11,7 @@
 #include "categories/CommandFailure.h"
 #include "categories/CsvReader.h"
 #include "categories/NumberText.h"
+#include "categories/WorkFolderPath.h"
 #include "platform/File.h"
 #include "runtime/CMacroCommonValue.h"
 #include "source/Characters.h"
@@ -103,17 +104,17 @@ bool CMacroCategorySystem_CsvfileRead::Run(CMacroPropertyIF* property) {
     if (count > 1 && !property->GetArgInteger(1, 0, 1, converts)) return false;
     if (!property->CheckNoAssignedValue(false)) return false;
 
-    const char* const path = property->GetFullPathFromWorkFolder(name);
-    if (path == nullptr || *path == '\0') return property->SetResultString("");
+    const std::string path = WorkFolderPath(property, name);
+    if (path.empty()) return property->SetResultString("");
     // Arrays in an array are more than the interface of plug-ins can set.
     auto* const call = dynamic_cast<CMacroProperty*>(property);
     if (call == nullptr) return Fail(property, "system.csvfile_read() system error");
 
     platform::File file;
-    if (!file.OpenForReading(path)) return Fail(property, "File open error. (" + std::string(path) + ")");
+    if (!file.OpenForReading(path)) return Fail(property, "File open error. (" + path + ")");
     CMacroCommonValue rows;
     if (!ReadRows(property, file, converts != 0, rows)) return false;
-    if (file.HasReadError()) return Fail(property, "File read error. (" + std::string(path) + ")");
+    if (file.HasReadError()) return Fail(property, "File read error. (" + path + ")");
     call->SetResult(std::move(rows));
     return true;
 }

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "categories/CommandFailure.h"
+#include "categories/WorkFolderPath.h"
 #include "macroengine/CMacroPropertyIF.h"
 #include "platform/CodePage.h"
 #include "platform/File.h"
@@ -51,7 +52,7 @@ bool WriteFile(CMacroPropertyIF* property) {
     const char* const text = property->GetArgString(2);
     if (text == nullptr || !property->CheckNoAssignedValue(false)) return false;
 
-    const std::string path = property->GetFullPathFromWorkFolder(name);
+    const std::string path = WorkFolderPath(property, name);
     platform::File file;
     if (!file.OpenForWriting(path,
                              mode == kAppend ? platform::WriteMode::Append : platform::WriteMode::Truncate)) {
@@ -77,7 +78,7 @@ bool CMacroCategorySystem_MkDir::Run(CMacroPropertyIF* property) {
     if (*name == '\0') return Fail(property, "Error: target directory is null string");
     if (!property->CheckNoAssignedValue(false)) return false;
 
-    const std::string path = property->GetFullPathFromWorkFolder(name);
+    const std::string path = WorkFolderPath(property, name);
     switch (platform::KindOfEntry(path)) {
         case platform::EntryKind::PlainDirectory:
             return true;
@@ -98,7 +99,7 @@ bool CMacroCategorySystemFindFile::Run(CMacroPropertyIF* property) {
     if (!property->GetArgInteger(1, 0, 0, step)) return false;
 
     const std::optional<std::string> name =
-        step == kFirst ? search_.First(property->GetFullPathFromWorkFolder(pattern)) : search_.Next();
+        step == kFirst ? search_.First(WorkFolderPath(property, pattern)) : search_.Next();
     return !name || property->SetResultString(name->c_str());
 }
 

@@ -4,6 +4,7 @@
 #include <limits>
 #include <string>
 
+#include "categories/WorkFolderPath.h"
 #include "macroengine/CMacroPropertyIF.h"
 #include "platform/Directory.h"
 #include "platform/Process.h"
@@ -39,7 +40,7 @@ bool CMacroCategorySystem_CommandExec::Run(CMacroPropertyIF* property) {
     if (count < 0 || !property->GetArgInteger(0, 0, 0, seconds)) return false;
     const char* const directory = property->GetArgString(1);
     if (directory == nullptr) return false;
-    const std::string folder = property->GetFullPathFromWorkFolder(directory);
+    const std::string folder = WorkFolderPath(property, directory);
     const char* const command = property->GetArgString(2);
     if (command == nullptr) return false;
     if (*command == '\0') return Fail(property, "Command is null string");

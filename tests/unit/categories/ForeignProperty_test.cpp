@@ -147,6 +147,16 @@ TEST_F(ForeignCall, WithoutAPathAFileReadsAsTheEmptyText) {
     EXPECT_EQ(Call("system", "csvfile_read", {Text("a.csv")}), "text \"\"");
 }
 
+TEST_F(ForeignCall, WithoutAPathNoFileIsFound) {
+    answers_.hasPaths = false;
+    EXPECT_EQ(Call("system", "file_write", {Integer(0), Text("a.txt"), Text("x")}),
+              Error("File open error. ()"));
+    EXPECT_EQ(Call("system", "mkdir", {Text("a")}), Error("Failed to create directory."));
+    EXPECT_EQ(Call("system", "find_file", {Text("*"), Integer(0)}), "text \"\"");
+    EXPECT_EQ(Call("system", "command_exec", {Integer(1), Text("a"), Text("b")}),
+              Error("system.command_exec() : Command(\\b) is not find."));
+}
+
 TEST_F(ForeignCall, AnArrayOfNoArgumentsFails) {
     answers_.count = 0;
     EXPECT_EQ(Call("array", "init", {}), Error("array.init() argument error. (need some arguments)"));
