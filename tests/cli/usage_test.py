@@ -9,7 +9,8 @@ import unittest
 from cli_support import MACROCTL, SOURCE_DIR, TIMEOUT_SECONDS, CliTest
 
 # Of the example that shows it.
-TRACE = "bus 2-wire write 0x0010 <- 0x01\nbus 2-wire write 0x0010 <- 0x00\n"
+TRACE = ("bus 2-wire write 0x0010 <- 0xA3\nbus 2-wire read 0x0010 -> 0xA3\n"
+         "bus 2-wire write 0x0010 <- 0xA5\nbus 2-wire read 0x0010 -> 0xA5\n")
 
 
 class UsageTest(CliTest):
@@ -85,7 +86,6 @@ class UsageTest(CliTest):
             shutil.copy(file, self.folder)
         for edition in ["amplifier-1.rgi", "amplifier-2.rgi"]:
             shutil.copy(self.folder / "amplifier.rgi", self.folder / edition)
-        self.write("blink.mac", "board.write(0x10, 1)\nboard.write(0x10, 0)\n")
         search = {"PATH": f"{MACROCTL.parent}{os.pathsep}{os.environ['PATH']}"}
         for subcommand in ["", "run", "check", "registers", "diff", "encode", "decode"]:
             text = self.macroctl(*subcommand.split(), "--help").out
@@ -109,12 +109,41 @@ class UsageTest(CliTest):
             (["check", "--namspace=lab", "a.mac"], 'there is no option --namspace, did you mean "--namespace"?'),
             (["--verson"], 'there is no option --verson, did you mean "--version"?'),
             (["run", "--format", "jsno", "a.mac"], '--format: there is no format named jsno, did you mean "json"?'),
-            (["walk"], "The following argument was not expected: walk"),
+            (["walk"], "there is no subcommand walk"),
+            (["help", "run"], "there is no subcommand help"),
+            (["-x"], "there is no option -x"),
+            (["run", "a.mac", "--loud"], "there is no option --loud"),
+            (["run", "a.mac", "b.mac"], "The following argument was not expected: b.mac"),
             (["run", "a.mac", "check"], "The following argument was not expected: check"),
         ]:
             with self.subTest(arguments):
                 self.assert_result(
                     self.macroctl(*arguments), 2, err=f"macroctl: {reason}\nRun with --help for more information.\n")
+
+    def test_the_reason_names_what_is_wrong(self) -> None:
+        for arguments, reason in [
+            (["--board=1"], "--board takes no value"),
+            (["--namespace"], "--namespace needs a value, NS"),
+            (["--format", "json", "--format", "text"], "--format is given more than once"),
+            (["--max-statements", "1e3"], "--max-statements: 1e3 is no whole number from 0 on"),
+            (["--max-statements", "-1"], "--max-statements: -1 is no whole number from 0 on"),
+            (["--max-seconds", "soon"], "--max-seconds: soon is no number from 0 on"),
+            (["--max-seconds", "nan"], "--max-seconds: nan is no number from 0 on"),
+            (["--max-memory", "64XB"], "--max-memory: 64XB is no size such as 65536, 64KB or 64MB"),
+            (["--max-memory", "-5"], "--max-memory: -5 is no size such as 65536, 64KB or 64MB"),
+            (["--max-memory", "99999999999999999999"],
+             "--max-memory: 99999999999999999999 is no size such as 65536, 64KB or 64MB"),
+        ]:
+            with self.subTest(arguments):
+                self.assert_result(
+                    self.macroctl("run", "a.mac", *arguments), 2,
+                    err=f"macroctl: {reason}\nRun with --help for more information.\n")
+
+    def test_the_help_fits_a_terminal(self) -> None:
+        for subcommand in ["", "run", "check", "registers", "diff", "encode", "decode"]:
+            with self.subTest(subcommand):
+                text = self.macroctl(*subcommand.split(), "--help").out
+                self.assertEqual([line for line in text.splitlines() if len(line) > 80], [])
 
     def test_options_may_stand_before_and_behind_the_file(self) -> None:
         name = self.write("a.mac", 'board.print("x")\n')

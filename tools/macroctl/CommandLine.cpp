@@ -2,7 +2,9 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <regex>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "text/Similar.h"
@@ -29,12 +31,14 @@ const char kFooter[] =
     "  3  the run was aborted (Ctrl-C; a second Ctrl-C ends the process at once)\n"
     "diff answers with statuses of its own: see macroctl diff --help.\n"
     "\n"
-    "A macro can write files and start programs: run only macros that you trust.\n";
+    "A macro can write files and start programs: run only macros that you trust.";
 
-/// @return what is wrong with the first argument that nobody expected, when a similar one exists.
-std::string MistypedArgument(const CLI::App& app) {
+/// @return what is wrong with the first argument that nobody expected, when that is a mistyped word.
+///
+/// @param first  the first argument, which is where a subcommand stands.
+std::string MistypedArgument(const CLI::App& app, const std::string& first) {
     const std::vector<std::string> unexpected = app.remaining(true);
-    if (unexpected.empty()) return {};
+    if (unexpected.empty() || unexpected.front().empty()) return {};
     const std::string written = unexpected.front().substr(0, unexpected.front().find('='));
     const std::vector<CLI::App*> chosen = app.get_subcommands();
     const bool isOption = written.front() == '-';
@@ -44,24 +48,42 @@ std::string MistypedArgument(const CLI::App& app) {
             for (const std::string& name : option->get_lnames())
                 names.push_back("--" + name);
         }
-    } else if (chosen.empty()) {
+    } else if (written == first && (chosen.empty() || chosen.front()->get_name() != written)) {
         for (const CLI::App* subcommand : app.get_subcommands(nullptr))
             names.push_back(subcommand->get_name());
+    } else {
+        return {};
     }
 
     Similar similar(written);
     for (const std::string& name : names)
         similar.Offer(name);
-    if (similar.Best().empty()) return {};
     return std::string("there is no ") + (isOption ? "option " : "subcommand ") + written +
            DidYouMean(similar.Best());
+}
+
+/// @return the parser's message, in our words where its own are those of a programmer.
+std::string Explain(const CLI::ParseError& error) {
+    static const std::pair<std::regex, const char*> kWords[] = {
+        {std::regex("(.*) was given a disallowed flag override"), "--$1 takes no value"},
+        {std::regex("(.*): 1 required (.*) missing"), "$1 needs a value, $2"},
+        {std::regex("(.*): At Most 1 required but received \\d+"), "$1 is given more than once"},
+    };
+    const std::string message = error.what();
+    for (const auto& [theirs, ours] : kWords) {
+        if (std::regex_match(message, theirs)) return std::regex_replace(message, theirs, ours);
+    }
+    return message;
 }
 
 }  // namespace
 
 std::optional<ExitStatus> ParseCommandLine(int argc, char** argv, Action& chosen) {
     CLI::App app("Runs macro files and reads register files from the command line.", "macroctl");
-    app.set_version_flag("--version", "macroctl " MACROENGINE_VERSION);
+    app.get_formatter()->label("Positionals", "Arguments");
+    app.get_formatter()->column_width(24);
+    app.set_help_flag("-h,--help", "Show this help and exit");
+    app.set_version_flag("--version", "macroctl " MACROENGINE_VERSION, "Show the version and exit");
     app.footer(kFooter);
     // "/" begins a path here on every platform.
     app.allow_windows_style_options(false);
@@ -82,9 +104,9 @@ std::optional<ExitStatus> ParseCommandLine(int argc, char** argv, Action& chosen
             app.exit(error);  // writes the help text or the version
             return kExitDone;
         }
-        const std::string mistyped = MistypedArgument(app);
+        const std::string mistyped = MistypedArgument(app, argc > 1 ? argv[1] : "");
         std::fprintf(stderr, "macroctl: %s\nRun with --help for more information.\n",
-                     mistyped.empty() ? error.what() : mistyped.c_str());
+                     (mistyped.empty() ? Explain(error) : mistyped).c_str());
         return kExitUsage;
     }
     return std::nullopt;

@@ -49,18 +49,20 @@ void AddCheck(CLI::App& app, Action& chosen) {
     CLI::App* check = app.add_subcommand("check", "Compile macro files without running them");
     check
         ->add_option("FILE", options->files,
-                     "Macro files, each compiled by itself; - stands for standard input")
+                     "Macro files, each compiled by itself; - stands for\n"
+                     "standard input")
         ->required()
-        ->option_text("... REQUIRED");
+        ->option_text("...");
     AddLanguageOptions(*check, options->language);
     AddFormatOption(*check, {"text", "json"}, options->format);
     check->footer(
-        "With --registers the literal arguments of the board's commands are held against the register file:\n"
-        "unknown names, values that don't fit, writes to what is read only, reads of what is write only.\n"
+        "With --registers the literal arguments of the board's commands are held against\n"
+        "the register file: unknown names, values that don't fit, writes to what is read\n"
+        "only, reads of what is write only.\n"
         "\n"
         "Examples:\n"
         "  macroctl check --registers amplifier.rgi bringup.mac\n"
-        "  macroctl check --board --format json blink.mac\n");
+        "  macroctl check --board --format json register_bits.mac");
     check->callback([options, &chosen] { chosen = [options] { return Check(*options); }; });
 }
 

@@ -47,16 +47,15 @@ ExitStatus Compare(const Options& options) {
 void AddDiff(CLI::App& app, Action& chosen) {
     const auto options = std::make_shared<Options>();
     CLI::App* command = app.add_subcommand("diff", "Compare two register files");
-    command->add_option("OLD", options->oldFile, "Register file to start from")
-        ->required()
-        ->option_text("REQUIRED");
+    command->add_option("OLD", options->oldFile, "Register file to start from")->required()->option_text(" ");
     command->add_option("NEW", options->newFile, "Register file to compare with it")
         ->required()
-        ->option_text("REQUIRED");
+        ->option_text(" ");
     AddFormatOption(*command, {"text", "json"}, options->format);
     command
         ->add_flag("--psc", options->reading.lineBased,
-                   "Read both files as line-based ones; without it their content decides")
+                   "Read both files as line-based ones; without it their\n"
+                   "content decides")
         ->disable_flag_override();
     command->footer(
         "Example:\n"
@@ -66,7 +65,7 @@ void AddDiff(CLI::App& app, Action& chosen) {
         "  0  no change\n"
         "  1  changes, none of them breaking\n"
         "  2  at least one breaking change; also wrong usage\n"
-        "  3  a file can't be read without an error\n");
+        "  3  a file can't be read without an error");
     command->callback([options, &chosen] { chosen = [options] { return Compare(*options); }; });
 }
 

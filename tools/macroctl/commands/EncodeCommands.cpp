@@ -39,12 +39,13 @@ void Add(CLI::App& app, Action& chosen, const char* name, const char* descriptio
          Conversion convert) {
     const auto options = std::make_shared<Options>();
     CLI::App* command = app.add_subcommand(name, description);
-    command->add_option("IN", options->input, "File to read")->required()->option_text("REQUIRED");
+    command->add_option("IN", options->input, "File to read")->required()->option_text(" ");
     command
         ->add_option("OUT", options->output,
-                     "File to write, which may be the same; it is left as it was when IN is refused")
+                     "File to write, which may be the same; it is left as it\n"
+                     "was when IN is refused")
         ->required()
-        ->option_text("REQUIRED");
+        ->option_text(" ");
     command->footer(footer);
     command->callback(
         [options, convert, &chosen] { chosen = [options, convert] { return Convert(*options, convert); }; });
@@ -54,17 +55,18 @@ void Add(CLI::App& app, Action& chosen, const char* name, const char* descriptio
 
 void AddEncode(CLI::App& app, Action& chosen) {
     Add(app, chosen, "encode", "Write the encoded form of a text file",
-        "The engine reads the encoded form from files named .dat and .iod, and .rgi.\n"
+        "The engine reads the encoded form from files named .dat and .iod, and from a\n"
+        ".rgi file that isn't plain text.\n"
         "\n"
         "Example:\n"
-        "  macroctl encode bringup.mac bringup.dat && macroctl run --registers amplifier.rgi bringup.dat\n",
+        "  macroctl encode bringup.mac bringup.dat",
         EncodeText);
 }
 
 void AddDecode(CLI::App& app, Action& chosen) {
     Add(app, chosen, "decode", "Write the text of an encoded file",
         "Example:\n"
-        "  macroctl decode bringup.dat bringup.mac\n",
+        "  macroctl decode bringup.dat bringup.mac",
         DecodeText);
 }
 

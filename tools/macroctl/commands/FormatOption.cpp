@@ -9,13 +9,17 @@ namespace macroctl {
 
 namespace {
 
-/// @return "table (the default), csv or json".
+/// @return "table (the default), csv or json", in lines that the help has room for.
 std::string Enumerate(const std::vector<std::string>& names, const std::string& usual) {
+    constexpr std::size_t kWidth = 54;
     std::string text;
     for (std::size_t i = 0; i < names.size(); ++i) {
-        if (i > 0) text += i + 1 < names.size() ? ", " : " or ";
-        text += names[i];
-        if (names[i] == usual) text += " (the default)";
+        std::string entry = names[i];
+        if (names[i] == usual) entry += " (the default)";
+        if (i + 1 < names.size()) entry += i + 2 < names.size() ? "," : " or";
+        const std::size_t written = text.size() - (text.rfind('\n') + 1);
+        if (i > 0) text += written + 1 + entry.size() <= kWidth ? ' ' : '\n';
+        text += entry;
     }
     return text;
 }

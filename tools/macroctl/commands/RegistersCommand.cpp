@@ -48,24 +48,27 @@ ExitStatus ShowRegisters(const Options& options) {
 void AddRegisters(CLI::App& app, Action& chosen) {
     const auto options = std::make_shared<Options>();
     CLI::App* command = app.add_subcommand("registers", "Show the registers of register files");
-    command->add_option("FILE", options->files, "Register files")->required()->option_text("... REQUIRED");
+    command->add_option("FILE", options->files, "Register files")->required()->option_text("...");
     AddFormatOption(*command, {"table", "listing", "csv", "json", "markdown", "html", "c-header", "svd"},
                     options->format);
     command
         ->add_flag("--psc", options->reading.lineBased,
-                   "Read the files as line-based ones; without it their content decides")
+                   "Read the files as line-based ones; without it their\n"
+                   "content decides")
         ->disable_flag_override();
     command
         ->add_flag("--merge", options->reading.merge,
-                   "Join the registers that a line-based file gives in parts")
+                   "Join the registers that a line-based file gives in\n"
+                   "parts")
         ->disable_flag_override();
     command->footer(
         "Examples:\n"
         "  macroctl registers amplifier.rgi\n"
         "  macroctl registers --format html amplifier.rgi > amplifier.html\n"
         "\n"
-        "Exit status: 0, or 1 when a file has errors; the registers that could be read are shown then "
-        "too.\n");
+        "Exit status:\n"
+        "  0  all went well\n"
+        "  1  a file can't be read or has errors; what could be read is shown too");
     command->callback([options, &chosen] { chosen = [options] { return ShowRegisters(*options); }; });
 }
 

@@ -4,6 +4,7 @@
 
 #include "commands/FormatOption.h"
 #include "commands/LanguageOptions.h"
+#include "commands/LimitOptions.h"
 #include "commands/Subcommands.h"
 #include "io/JsonReport.h"
 #include "io/TextReport.h"
@@ -48,40 +49,32 @@ void AddRun(CLI::App& app, Action& chosen) {
     CLI::App* run = app.add_subcommand("run", "Load a macro file and run it");
     run->add_option("FILE", options->file, "Macro file; - stands for standard input")
         ->required()
-        ->option_text("REQUIRED");
+        ->option_text(" ");
     run->add_option("--work-dir", options->run.workDirectory,
-                    "Folder that commands complete relative paths with; a relative one is taken from the\n"
-                    "macro's folder, which is also the default")
+                    "Folder that commands complete relative paths with; a\n"
+                    "relative one is taken from the macro's folder, which\n"
+                    "is also the default")
         ->type_name("DIR");
     AddLanguageOptions(*run, options->language);
     run->add_flag("--trace-bus", options->language.traceBus,
-                  "A line on standard error for each transaction of the board:\n"
-                  "bus 2-wire write 0x0010 <- 0x3C\n"
-                  "bus 3-wire read 0x0010 -> 0x3C")
-        ->disable_flag_override()
-        ->option_text("(needs --board or --registers)");
-    run->add_flag("--keep-going", options->run.keepGoing,
-                  "Go on after a failed statement; all errors are shown at the end")
+                  "Write a line to standard error for each transaction\n"
+                  "of the board, such as\n"
+                  "  bus 2-wire write 0x0010 <- 0x3C\n"
+                  "  bus 3-wire read 0x0010 -> 0x3C\n"
+                  "Needs --board or --registers")
         ->disable_flag_override();
-    run->add_option("--max-statements", options->run.limits.statements,
-                    "Abort the run after so many statements")
-        ->type_name("N")
-        ->check(CLI::NonNegativeNumber);
-    run->add_option("--max-seconds", options->run.limits.seconds, "Abort the run after so much time")
-        ->type_name("S")
-        ->check(CLI::NonNegativeNumber);
-    run->add_option("--max-memory", options->run.limits.valueBytes,
-                    "Abort the run when its texts and arrays need more bytes; KB, MB and GB may follow the\n"
-                    "number, for powers of 1024")
-        ->type_name("BYTES")
-        ->transform(CLI::AsSizeValue(false));
+    run->add_flag("--keep-going", options->run.keepGoing,
+                  "Go on after a failed statement; all errors are shown\n"
+                  "at the end")
+        ->disable_flag_override();
+    AddLimitOptions(*run, options->run.limits);
     AddFormatOption(*run, {"text", "json"}, options->format);
     run->footer(
         "Examples:\n"
-        "  macroctl run --board --trace-bus blink.mac\n"
+        "  macroctl run --board --trace-bus register_bits.mac\n"
         "  macroctl run --registers amplifier.rgi bringup.mac\n"
         "  echo 'board.print(\"hello\")' | macroctl run --board -\n"
-        "  macroctl run --registers amplifier.rgi --format json bringup.mac > result.json\n");
+        "  macroctl run --registers amplifier.rgi --format json bringup.mac > result.json");
     run->callback([options, &chosen] {
         if (options->language.traceBus && !options->language.HasBoard())
             throw CLI::RequiresError("--trace-bus", "--board or --registers");

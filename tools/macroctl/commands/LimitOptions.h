@@ -1,0 +1,14 @@
+#pragma once
+
+#include <macroengine/Limits.h>
+
+namespace CLI {
+class App;
+}
+
+namespace macroctl {
+
+/// Adds --max-statements, --max-seconds and --max-memory to a subcommand.
+void AddLimitOptions(CLI::App& command, MacroLimits& limits);
+
+}  // namespace macroctl
