@@ -246,6 +246,11 @@ class ReaderTest(RegistersTest):
                 files = json.loads(self.registers(name, "--format", "json", cwd=self.folder))["files"]
                 self.assertEqual((files[0]["format"], files[0]["registers"][0]["name"]), (kind, "A"))
 
+    def test_a_misspelt_section_is_told(self) -> None:
+        self.write("a.txt", "A device.\n  [register]  // of the device\nREGISTER_NAME, ADDRESS_2WIRE, LSB, LENGTH, RW\n")
+        self.assert_result(self.macroctl("registers", "a.txt"), 1,
+                           err="a.txt(4): error : Can't find [ENDIAN] or [REGISTER].\n")
+
     def test_psc_insists_on_the_line_based_reader(self) -> None:
         self.write("a.txt", "[REGISTER] 0 10 0 8\n")
         files = json.loads(self.registers("--psc", "a.txt", "--format", "json", cwd=self.folder))["files"]

@@ -27,6 +27,17 @@ bool IsEncodedLetter(char c) {
            c == '-' || c == '*';
 }
 
+/// @return whether the line is nothing but a word in brackets. That is no register, but perhaps the header of
+///         a section misspelt, which the reader of the sectioned format tells.
+bool MayBeSectionHeader(std::string_view line) {
+    constexpr std::string_view kBlanks = " \t";
+    line = line.substr(0, line.find("//"));
+    line.remove_prefix(std::min(line.find_first_not_of(kBlanks), line.size()));
+    line = line.substr(0, line.find_last_not_of(kBlanks) + 1);
+    return line.size() > 2 && line.front() == '[' && line.back() == ']' &&
+           line.find_first_of(kBlanks) == std::string_view::npos;
+}
+
 /// @return whether the line may be an encoded one; a register's line has blanks between its words.
 bool MayBeEncoded(std::string_view line) {
     return std::all_of(line.begin(), line.end(), IsEncodedLetter);
@@ -51,7 +62,7 @@ bool IsSectioned(std::string_view text) {
     bool mayBeEncoded = true;
     while (!text.empty()) {
         const std::string_view line = NextLine(text);
-        if (HasSectionHeader(line)) return true;
+        if (HasSectionHeader(line) || MayBeSectionHeader(line)) return true;
         mayBeEncoded = mayBeEncoded && MayBeEncoded(line);
         if (mayBeEncoded && HasSectionHeader(Decoded(line))) return true;
     }
