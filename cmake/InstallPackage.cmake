@@ -22,8 +22,9 @@ if(TARGET macroctl)
     endif()
 endif()
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+# Each example is a project of its own; the list of them all belongs to this build.
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
-    PATTERN CMakeLists.txt EXCLUDE)
+    REGEX "/examples/CMakeLists.txt$" EXCLUDE)
 
 configure_package_config_file("${CMAKE_CURRENT_LIST_DIR}/macroengine-config.cmake.in"
     "${PROJECT_BINARY_DIR}/package/macroengine-config.cmake" INSTALL_DESTINATION "${packageDir}")

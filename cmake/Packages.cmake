@@ -21,6 +21,7 @@ else()
     # What it depends on is read from the files; who links the library finds this package by its shlibs file.
     set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
     set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+    set(CPACK_PRE_BUILD_SCRIPTS "${CMAKE_CURRENT_LIST_DIR}/DebianFiles.cmake")
 endif()
 
 include(CPack)

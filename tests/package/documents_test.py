@@ -3,7 +3,7 @@
     ```sh installed         commands that succeed
     ```console installed    lines that begin with "$ ", each followed by what it prints
 
-They run in a copy of the examples, with the installed tree at $PREFIX.
+They run in a copy of the installed examples, with the installed tree at $PREFIX.
 """
 
 import os
@@ -13,7 +13,7 @@ import subprocess
 import unittest
 
 import documents
-from cli_support import SOURCE_DIR, CliTest
+from cli_support import CliTest
 
 BUILD_DIR = os.environ["BUILD_DIR"]
 TIMEOUT_SECONDS = 100
@@ -22,11 +22,11 @@ TIMEOUT_SECONDS = 100
 class DocumentsTest(CliTest):
     def setUp(self) -> None:
         super().setUp()
-        shutil.copytree(SOURCE_DIR / "examples", self.folder / "examples")
         prefix = self.folder / "installed"
         subprocess.run(
             ["cmake", "--install", BUILD_DIR, "--prefix", str(prefix)], check=True, stdout=subprocess.DEVNULL,
             timeout=TIMEOUT_SECONDS)
+        shutil.copytree(prefix / "share/doc/macroengine/examples", self.folder / "examples")
         self.environment = {**os.environ, "PREFIX": str(prefix)}
 
     def execute_shell(self, script: str) -> tuple[int, str]:
