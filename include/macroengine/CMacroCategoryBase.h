@@ -21,8 +21,8 @@ class CMacroPropertyIF;
 /// };
 /// @endcode
 ///
-/// Names compare byte by byte, with case. One object may serve one macro file; two files that run on two
-/// threads need an object each.
+/// Names compare byte by byte, with case. One object may serve several macro files, unless they run on
+/// different threads: then each needs an object of its own.
 class MACROENGINE_API CMacroCategoryBase {
 public:
     /// The texts are not copied: they stay valid as long as the object. A null pointer is taken as the empty
@@ -47,12 +47,12 @@ public:
     /// @return true on success; false after at least one message has been put into `property`, by one of its
     ///         checks or by CMacroPropertyIF::AddErrorMessage. The statement then fails.
     ///
-    /// An exception ends here: the statement fails with "category.command() threw an exception. (what)", or with
-    /// "Memory allocation error" when it is the standard allocation failure.
+    /// An exception ends here: the statement fails with "category.command() threw an exception. (what)", or
+    /// with "Memory allocation error" when it is the standard allocation failure.
     ///
-    /// A command may call any function of this library, also on the file that is running it. There Load and Run
-    /// are refused; Abort and DeleteMacroFile end the run when the command has returned; what SetWorkDirectory
-    /// and RegisterCategory change holds for the next run and the next load, SetErrorHandling at once.
+    /// A command may call any function of this library, also on the file that is running it. There Load and
+    /// Run are refused; Abort and DeleteMacroFile end the run when the command has returned; SetWorkDirectory
+    /// holds from the next run on, RegisterCategory and SetErrorHandling at once.
     virtual bool Run(CMacroPropertyIF* property) = 0;
 
     const char* GetCategoryName() const;  ///< The category as given, never null.

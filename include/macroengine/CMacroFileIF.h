@@ -41,7 +41,7 @@ public:
     /// that fails keeps the statements before the error. Included files are searched in the folder of the
     /// including file.
     ///
-    /// @param path  the file; `\` and `/` both separate folders.
+    /// @param path  the file; `\` and `/` both separate folders. A relative one begins in the current folder.
     /// @return true when the file and all it includes were compiled; false with the reason in the error
     ///         lines. While the file is running (a command calls Load on its own file) it is refused.
     virtual bool Load(const char* path) = 0;
@@ -73,13 +73,13 @@ public:
     /// Commands are registered before Load, which needs to know their names.
     ///
     /// @param companion  an object that the file keeps beside the command for the host; may be null. Not
-    /// owned.
+    ///                   owned.
     /// @param command    the command. Not owned: it outlives this object.
-    /// @param bareCall   true when the category is called without a command name, `category(...)`. All
-    ///                   commands of one category agree in this.
-    /// @return false for a null command, or when the category exists with the other `bareCall`. Registering
-    ///         the same category, command and namespace again is accepted and changes nothing: the first
-    ///         command stays.
+    /// @param bareCall   true when `category(...)`, without a command name, calls the first command of the
+    ///                   category. All commands of one category agree in this.
+    /// @return false for a null command, for a first command of a category without a name, and when the
+    ///         category exists with the other `bareCall`. Registering the same category, command and
+    ///         namespace again is accepted and changes nothing: the first command stays.
     virtual bool RegisterCategory(CMacroCategoryBase* companion, CMacroCategoryBase* command,
                                   bool bareCall) = 0;
 
@@ -129,7 +129,7 @@ public:
 /// Makes a macro file object with the built-in commands in place, and walks the table of plug-ins once.
 ///
 /// @param name  the namespace in force until a macro changes it with `using.namespace`; empty for the
-/// built-ins.
+///              built-ins.
 /// @param flag  without effect.
 /// @return the object, to be given back with DeleteMacroFile; null when there is no memory for it.
 MACROENGINE_API CMacroFileIF* CreateMacroFile(const std::string& name, bool flag);
@@ -139,6 +139,6 @@ MACROENGINE_API CMacroFileIF* CreateMacroFileNoRegisterRequest(const std::string
 
 /// Destroys the object and sets the pointer to null. A null pointer is left as it is.
 ///
-/// While the file is running (a command deletes its own file) the run is asked to end as by Abort, and the object
-/// goes when Run returns: after that nobody may use another copy of the pointer, not even for the error lines.
+/// While the file is running (a command deletes its own file) the run is asked to end as by Abort, and the
+/// object goes when Run returns: nobody may use another copy of the pointer then, not even for the lines.
 MACROENGINE_API void DeleteMacroFile(CMacroFileIF*& file);

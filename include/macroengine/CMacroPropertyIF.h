@@ -67,7 +67,7 @@ public:
     /// Tells whether the call stands without an assigned value.
     ///
     /// @param silent  true to only ask; false to report "assigned value isn't needed at NAME()" when there is
-    /// one.
+    ///                one.
     /// @return true when there is none.
     virtual bool CheckNoAssignedValue(bool silent) = 0;
 
@@ -103,7 +103,7 @@ public:
     /// @return true.
     virtual bool AddErrorMessage(const char* text) = 0;
 
-    /// @return the work folder of this run (CMacroFileIF::SetWorkDirectory), else the macro folder.
+    /// @return the run's work folder (CMacroFileIF::SetWorkDirectory), not normalized; else the macro folder.
     virtual const char* GetWorkFolder() = 0;
 
     /// Completes a path with the work folder and normalizes it. A path that begins with a separator or whose

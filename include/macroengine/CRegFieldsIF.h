@@ -50,7 +50,7 @@ public:
     /// @return the position of the least significant bit at the address, 0 to 7 in a sectioned file.
     virtual std::uint8_t GetLsb() const = 0;
 
-    /// @return the number of bits.
+    /// @return the number of bits, 0 to 255.
     virtual std::uint8_t GetLength() const = 0;
 
     /// @return what may be done with the register: 0 read only ("RO"), 1 write only ("WO"), 2 read and write

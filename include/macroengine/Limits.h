@@ -8,14 +8,14 @@
 /// @file
 /// Limits for runs of a macro, for hosts that run what others have written.
 ///
-/// ```cpp
+/// @code
 /// MacroLimits limits;
 /// limits.statements = 10000000;
 /// limits.seconds = 5.0;
 /// limits.valueBytes = 64 << 20;
 /// SetMacroLimits(file, limits);
 /// if (!file->Run()) ...  // the last line may be "a.mac(7): error : Macro aborted. (limit of 5 seconds)"
-/// ```
+/// @endcode
 
 /// What one run may use. Zero, the default, is no limit.
 struct MacroLimits {
