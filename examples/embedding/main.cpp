@@ -1,4 +1,4 @@
-// A host that owns its objects, brings a command of its own, and limits the time that a macro may take:
+// A host that owns its objects, brings a command of its own, and limits the time and the memory that a macro may take:
 //
 //     example_embedding FILE MILLISECONDS
 
@@ -15,6 +15,7 @@
 #include <macroengine/CMacroCategoryBase.h>
 #include <macroengine/CMacroFileIF.h>
 #include <macroengine/CMacroPropertyIF.h>
+#include <macroengine/Limits.h>
 #include <macroengine/SystemVariable.h>
 
 namespace {
@@ -88,6 +89,9 @@ int main(int argc, char** argv) {
     const MacroFile file(CreateMacroFile("", false));
     if (file == nullptr) return 1;
     file->RegisterCategory(nullptr, &logAdd, false);
+    MacroLimits limits;
+    limits.valueBytes = 64 << 20;  // 64 MB; the number of statements and the seconds stay without a limit
+    SetMacroLimits(file.get(), limits);
     SetSystemVariable("LOT", 4711L);
 
     const bool ok = file->Load(argv[1]) && RunWithin(*file, std::chrono::milliseconds(std::atol(argv[2])));
