@@ -26,13 +26,13 @@ bool ParseUnsigned(std::string_view text, int base, std::uint32_t& value) {
     return true;
 }
 
-/// @return false when the number is too large. One too small to represent is 0.
+/// @return false when the number is too large. One too small to represent is a zero of its sign.
 bool ParseReal(std::string_view text, double& value) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc()) return true;
     // A non-zero digit before the point tells an overflow from an underflow.
     if (text.substr(0, text.find('.')).find_first_of("123456789") != std::string_view::npos) return false;
-    value = 0.0;
+    value = text.front() == '-' ? -0.0 : 0.0;
     return true;
 }
 

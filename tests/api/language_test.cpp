@@ -459,6 +459,13 @@ TEST(LanguageErrors, AnIncludedFileIsNamedByItself) {
               "inner.mac(2): error : Didn't define valiable name[z]\ninner.mac(2): error : run time error !");
 }
 
+TEST(Language, ANegativeRealTooSmallToRepresentIsMinusZero) {
+    const std::string tiny = "0." + std::string(400, '0') + "1";
+    EXPECT_EQ(Output("a = -" + tiny + "\nb = \"\" + a\nc = 1.0 -" + tiny + "\ntest.put(a, b, c, " + tiny +
+                     ", -0.0)\n"),
+              "-0 -0 1 0 -0");
+}
+
 TEST(Language, SmallExpressions) {
     EXPECT_EQ(Output(R"(
 a = "n=" + 5

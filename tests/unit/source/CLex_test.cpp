@@ -1,5 +1,6 @@
 #include "source/CLex.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -119,6 +120,14 @@ TEST(CLex, ARealTooSmallToRepresentIsItsNearestValue) {
     EXPECT_EQ(RealOf("0." + zeros + "3"), 5e-324);
     EXPECT_EQ(RealOf("0." + zeros + "2"), 0.0);
     EXPECT_EQ(RealOf("0." + std::string(309, '0') + "123"), 1.23e-310);
+}
+
+TEST(CLex, AZeroThatIsLeftOfARealKeepsItsSign) {
+    const std::string tiny = "0." + std::string(400, '0') + "1";
+    EXPECT_FALSE(std::signbit(RealOf(tiny)));
+    EXPECT_TRUE(std::signbit(RealOf("-" + tiny)));
+    EXPECT_FALSE(std::signbit(RealOf("0.0")));
+    EXPECT_TRUE(std::signbit(RealOf("-0.0")));
 }
 
 TEST(CLex, ANumberOutOfRangeFailsAndReadingGoesOnBehindIt) {
