@@ -137,8 +137,8 @@ public:
 
 private:
     TokenCode CodeOf(Token& token) const {
-        if (token.readerCode == Token::kNotRead) {
-            token.readerCode = static_cast<std::uint8_t>(ClassifyToken(token, categories_));
+        if (token.readerCode == ReaderCode::None) {
+            token.readerCode = static_cast<ReaderCode>(ClassifyToken(token, categories_));
         }
         return static_cast<TokenCode>(token.readerCode);
     }

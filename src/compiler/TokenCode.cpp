@@ -39,17 +39,17 @@ TokenCode Find(const Keyword (&keywords)[Count], std::string_view text) {
 TokenCode ClassifyKeyword(std::string_view text) {
     switch (text.front()) {
         case 'i':
-            if (text == "if") return TokenCode::If;
-            return text == "include" ? TokenCode::Include : TokenCode::Name;
+            if (IsWord(text, "if")) return TokenCode::If;
+            return IsWord(text, "include") ? TokenCode::Include : TokenCode::Name;
         case 'e':
-            if (text == "else") return TokenCode::Else;
-            if (text == "endif") return TokenCode::EndIf;
-            if (text == "elseif") return TokenCode::ElseIf;
-            return text == "endloop" ? TokenCode::EndLoop : TokenCode::Name;
+            if (IsWord(text, "else")) return TokenCode::Else;
+            if (IsWord(text, "endif")) return TokenCode::EndIf;
+            if (IsWord(text, "elseif")) return TokenCode::ElseIf;
+            return IsWord(text, "endloop") ? TokenCode::EndLoop : TokenCode::Name;
         case 'l':
-            return text == "loop" ? TokenCode::Loop : TokenCode::Name;
+            return IsWord(text, "loop") ? TokenCode::Loop : TokenCode::Name;
         case 'd':
-            return text == "define" ? TokenCode::Define : TokenCode::Name;
+            return IsWord(text, "define") ? TokenCode::Define : TokenCode::Name;
         default:
             return TokenCode::Name;
     }

@@ -203,7 +203,7 @@ void CLex::SplitNegativeNumber() {
     Token minus = number;
     minus.text = number.text.substr(0, 1);
     minus.kind = TokenKind::Operator;
-    minus.readerCode = Token::kNotRead;
+    minus.readerCode = ReaderCode::None;
     number.text.remove_prefix(1);
     if (number.kind == TokenKind::Real) {
         number.realValue = -number.realValue;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <string_view>
 
 namespace macroengine {
 
@@ -71,6 +74,12 @@ constexpr bool IsNamePart(char c) {
 /// Whether the character may be a blank, or begin or end a comment, a line or the text.
 constexpr bool MayBeSkipped(char c) {
     return detail::kCharacters.Is(c, detail::CharacterTable::kSkipped);
+}
+
+/// Whether a text is the word. The length of the word is known to the compiler, which spares a call.
+template <std::size_t Size>
+bool IsWord(std::string_view text, const char (&word)[Size]) {
+    return text.size() == Size - 1 && std::memcmp(text.data(), word, Size - 1) == 0;
 }
 
 /// Whether the byte is above 127.

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "source/Characters.h"
+
 namespace macroengine {
 
 enum class TokenKind : std::uint8_t {
@@ -18,20 +20,21 @@ enum class TokenKind : std::uint8_t {
 
 /// @return the kind of a word of the source, "#" and "_" being letters that it may begin with.
 inline TokenKind KindOfWord(std::string_view text) {
-    if (text.front() == '#' || text == "include" || text == "define") return TokenKind::Directive;
+    if (text.front() == '#' || IsWord(text, "include") || IsWord(text, "define")) return TokenKind::Directive;
     return text.front() == '_' ? TokenKind::Operator : TokenKind::Word;
 }
 
+/// What the reader of the tokens has worked out about one, in numbers of its own. A type by itself, so that
+/// writing it can't change any other object.
+enum class ReaderCode : std::uint8_t { None = 0xFF };
+
 /// One token. Its text lives in the lexer that gave it, and as long as that lexer.
 struct Token {
-    static constexpr std::uint8_t kNotRead = 0xFF;
-
     std::string_view text;  ///< "\n" for a line end, empty at the end of the text
     std::uint32_t line = 0;
     TokenKind kind = TokenKind::None;
 
-    /// Free for the reader of the tokens, who may keep what it worked out about this one; kNotRead until then.
-    std::uint8_t readerCode = kNotRead;
+    ReaderCode readerCode = ReaderCode::None;
 
     union {
         double realValue = 0.0;      ///< of a real

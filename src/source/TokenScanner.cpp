@@ -64,49 +64,51 @@ void TokenScanner::Start(const SourceText& text) {
 
 TokenScanner::Result TokenScanner::Next(Token& token) {
     token.text = {};
-    token.readerCode = Token::kNotRead;
-    while (*position_ == ' ')
-        ++position_;
-    if (MayBeSkipped(*position_)) SkipBlanksAndComments();
+    token.readerCode = ReaderCode::None;
+    const char* begin = position_;
+    while (*begin == ' ')
+        ++begin;
+    if (MayBeSkipped(*begin)) begin = SkipBlanksAndComments(begin);
     token.line = line_;
-    const char first = *position_;
-    if (IsNameStart(first) || first == '#') return ScanWord(token);
-    if (IsDigit(first) || (first == '-' && IsDigit(position_[1]))) return ScanNumber(token);
-    if (first == '\n' || first == '\r') return ScanLineEnd(token);
-    if (first == '"') return ScanString(token);
-    return ScanOperator(token);
+    const char first = *begin;
+    if (IsNameStart(first) || first == '#') return ScanWord(token, begin);
+    if (IsDigit(first) || (first == '-' && IsDigit(begin[1]))) return ScanNumber(token, begin);
+    if (first == '\n' || first == '\r') return ScanLineEnd(token, begin);
+    if (first == '"') return ScanString(token, begin);
+    return ScanOperator(token, begin);
 }
 
-void TokenScanner::SkipBlanksAndComments() {
+/// @return where the next token begins.
+const char* TokenScanner::SkipBlanksAndComments(const char* position) {
     enum class Comment { None, Block, Line } comment = Comment::None;
-    for (;; ++position_) {
-        const char c = *position_;
-        const char next = c == '\0' ? '\0' : position_[1];
-        if (c == '\0') return;
+    for (;; ++position) {
+        const char c = *position;
+        const char next = c == '\0' ? '\0' : position[1];
+        if (c == '\0') return position;
         if (c == '\n') {
             ++line_;
-            if (comment != Comment::Block) return;
+            if (comment != Comment::Block) return position;
         } else if (c == ' ' || c == '\t' || (c == '\r' && next == '\n')) {
             continue;
         } else if (c == '/' && next == '*' && comment == Comment::None) {
             comment = Comment::Block;
-            ++position_;
+            ++position;
         } else if (c == '/' && next == '/' && comment == Comment::None) {
             comment = Comment::Line;
-            ++position_;
+            ++position;
         } else if (c == '*' && next == '/') {
             // In a line comment too the closer stops the skip: what follows it is read as tokens.
-            if (comment != Comment::Block) return;
+            if (comment != Comment::Block) return position;
             comment = Comment::None;
-            ++position_;
+            ++position;
         } else if (comment == Comment::None) {
-            return;
+            return position;
         }
     }
 }
 
-TokenScanner::Result TokenScanner::Take(Token& token, TokenKind kind, const char* end) {
-    token.text = std::string_view(position_, static_cast<std::size_t>(end - position_));
+TokenScanner::Result TokenScanner::Take(Token& token, TokenKind kind, const char* begin, const char* end) {
+    token.text = std::string_view(begin, static_cast<std::size_t>(end - begin));
     token.kind = kind;
     position_ = end;
     return Result::Token;
@@ -118,56 +120,55 @@ TokenScanner::Result TokenScanner::FailOnInvalidLetter() {
     return Result::Failed;
 }
 
-TokenScanner::Result TokenScanner::ScanLineEnd(Token& token) {
+TokenScanner::Result TokenScanner::ScanLineEnd(Token& token, const char* begin) {
+    Take(token, TokenKind::Operator, begin, begin + 1);
     token.text = "\n";
-    token.kind = TokenKind::Operator;
-    ++position_;
     return Result::Token;
 }
 
-TokenScanner::Result TokenScanner::ScanWord(Token& token) {
-    const char* end = position_ + 1;
+TokenScanner::Result TokenScanner::ScanWord(Token& token, const char* begin) {
+    const char* end = begin + 1;
     while (IsNamePart(*end))
         ++end;
     if (IsNonAscii(*end)) return FailOnInvalidLetter();
-    Take(token, TokenKind::Word, end);
-    token.kind = KindOfWord(token.text);
-    return Result::Token;
+    return Take(token, KindOfWord(std::string_view(begin, static_cast<std::size_t>(end - begin))), begin,
+                end);
 }
 
-TokenScanner::Result TokenScanner::ScanNumber(Token& token) {
-    const char* end = position_ + 1;
-    if (*position_ != '-') {
+TokenScanner::Result TokenScanner::ScanNumber(Token& token, const char* begin) {
+    if (*begin != '-') {
         // Most numbers are a few decimal digits, whose value comes by the way.
-        std::uint32_t value = static_cast<std::uint32_t>(*position_ - '0');
+        const char* end = begin + 1;
+        std::uint32_t value = static_cast<std::uint32_t>(*begin - '0');
         for (; IsDigit(*end); ++end)
             value = value * 10 + static_cast<std::uint32_t>(*end - '0');
-        if (end - position_ <= kFewDigits && *end != '.' && *end != 'x' && *end != 'X') {
+        if (end - begin <= kFewDigits && *end != '.' && *end != 'x' && *end != 'X') {
             token.integerValue = value;
-            return Take(token, TokenKind::Integer, end);
+            return Take(token, TokenKind::Integer, begin, end);
         }
     }
-    return Take(token, TokenKind::None, FindNumberEnd(position_));
+    return Take(token, TokenKind::None, begin, FindNumberEnd(begin));
 }
 
-TokenScanner::Result TokenScanner::ScanOperator(Token& token) {
-    if (*position_ == '\0') return Result::End;
-    if (IsNonAscii(*position_)) return FailOnInvalidLetter();
-    return Take(token, TokenKind::Operator, position_ + OperatorLength(position_));
+TokenScanner::Result TokenScanner::ScanOperator(Token& token, const char* begin) {
+    if (IsNonAscii(*begin)) return FailOnInvalidLetter();
+    if (*begin != '\0') return Take(token, TokenKind::Operator, begin, begin + OperatorLength(begin));
+    position_ = begin;
+    return Result::End;
 }
 
-TokenScanner::Result TokenScanner::ScanString(Token& token) {
-    const char* const end = FindStringEnd();
-    if (*end == '"') return Take(token, TokenKind::String, end + 1);
+TokenScanner::Result TokenScanner::ScanString(Token& token, const char* begin) {
+    const char* const end = FindStringEnd(begin);
+    if (*end == '"') return Take(token, TokenKind::String, begin, end + 1);
     failure_ = kOpenString;
     position_ = *end == '\n' ? end : end_;
     return Result::Failed;
 }
 
-/// @return the closing quote, or the line feed or NUL before it.
-const char* TokenScanner::FindStringEnd() const {
+/// @return the closing quote of the string that begins there, or the line feed or NUL before it.
+const char* TokenScanner::FindStringEnd(const char* begin) const {
     bool escaped = false;
-    const char* position = position_ + 1;
+    const char* position = begin + 1;
     while (*position != '\0' && *position != '\n' && (*position != '"' || escaped)) {
         const std::size_t length = platform::CharacterLength(position, end_);
         // Only a backslash that is a character of its own counts, not the second byte of a double-byte one.

@@ -38,14 +38,15 @@ public:
     std::string_view GetFailure() const { return failure_; }
 
 private:
-    void SkipBlanksAndComments();
-    const char* FindStringEnd() const;
-    Result ScanLineEnd(Token& token);
-    Result ScanString(Token& token);
-    Result ScanWord(Token& token);
-    Result ScanNumber(Token& token);
-    Result ScanOperator(Token& token);
-    Result Take(Token& token, TokenKind kind, const char* end);
+    // The scanning itself goes on copies of the position, which the compiler can keep in registers.
+    const char* SkipBlanksAndComments(const char* position);
+    const char* FindStringEnd(const char* begin) const;
+    Result ScanLineEnd(Token& token, const char* begin);
+    Result ScanString(Token& token, const char* begin);
+    Result ScanWord(Token& token, const char* begin);
+    Result ScanNumber(Token& token, const char* begin);
+    Result ScanOperator(Token& token, const char* begin);
+    Result Take(Token& token, TokenKind kind, const char* begin, const char* end);
     Result FailOnInvalidLetter();
 
     const char* position_ = "";

@@ -38,7 +38,7 @@ class ReferenceDocumentsTest(CliTest):
         grammar = next(block.text for block in documents.blocks(DOCS / "language.md") if block.kind == "ebnf")
         table = documents.read(SOURCE_DIR / "src" / "compiler" / "TokenCode.cpp")
         tokens = re.findall(r'\{"([^"\\]+)", *TokenCode::', table)
-        tokens += re.findall(r'text == "([^"\\]+)"', table)
+        tokens += re.findall(r'IsWord\(text, "([^"\\]+)"', table)
         tokens += re.findall(r"Set\('([^'\\])', TokenCode::", table)
         self.assertGreater(len(tokens), 30)
         self.assertEqual([token for token in tokens if f'"{token}"' not in grammar], [])
