@@ -26,10 +26,11 @@ constexpr int kTicks = 100;
 constexpr long kAllocations = 1000000;
 constexpr std::size_t kAllocationSize = std::size_t{256} << 10;
 
-/// A loop ends with this word alone, so no loop gets round the call in front of it.
+/// A loop ends with this word alone, so no loop gets round the call in front of it. The call has a line of its own:
+/// behind a comment it would be a part of that.
 std::string WithTicks(std::string text) {
     const std::string end = "endloop";
-    const std::string tick = "fuzz.tick()\n";
+    const std::string tick = "\nfuzz.tick()\n";
     for (std::size_t at = text.find(end); at != std::string::npos;
          at = text.find(end, at + tick.size() + end.size()))
         text.insert(at, tick);
