@@ -66,8 +66,7 @@ format:
 	@scripts/check_format --fix
 
 tidy:
-	@scripts/build_quietly clang
-	run-clang-tidy -quiet -p build/clang '$(CURDIR)/(src|tools|examples)/'
+	@scripts/run_checks tidy
 
 clean:
 	rm -rf build

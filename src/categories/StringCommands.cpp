@@ -115,7 +115,7 @@ bool CMacroCategoryCmdString_int2Decstr::Run(CMacroPropertyIF* property) {
     if (count > 2 && !property->GetArgInteger(2, 0, 1, padding)) return false;
     if (!property->CheckNoAssignedValue(false)) return false;
 
-    char digits[16];
+    char digits[16] = {};
     const char* const last = std::to_chars(digits, digits + sizeof digits, value).ptr;
     return property->SetResultString(PaddedDigits(digits, last, width, padding == 0 ? '0' : ' ').Get());
 }

@@ -156,10 +156,13 @@ private:
     };
 
     // Rows of a table are blocks of a few elements each: three words are all that they need beside those.
+    // Its members are as private as the union is.
+    // NOLINTBEGIN(readability-identifier-naming)
     union {
         Counts counts_;
         SharedArray* nextDead_;  ///< of a dead block: the chain of those that wait to be freed
     };
+    // NOLINTEND(readability-identifier-naming)
     std::uint32_t size_ = 0;
     Form form_ = Form::Integers;
     void* elements_ = nullptr;
