@@ -146,7 +146,7 @@ private:
     void JoinDead(SharedArray* next);
 
     Form FormWith(std::uint32_t index, ValueKind kind) const;
-    void SetInGeneral(std::uint32_t index, const ValueView& value);
+    void SetInGeneral(std::uint32_t index, const ValueView& element);
     void Rebuild(Form form, std::size_t capacity);
     void FillTo(std::size_t size);
 

@@ -1,6 +1,7 @@
 #include "macroengine/LineEncoding.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -38,9 +39,9 @@ void EncodeGroup(std::string_view bytes, char* out) {
 int EncodeSourceLine(const char* line, unsigned int length, char* encoded, unsigned int capacity) {
     const std::string_view text(line, length);
     if (!macroengine::CanBeEncoded(text)) return -1;
-    const unsigned int size = (length + 2) / 3 * 4;
+    const std::size_t size = (text.size() + 2) / 3 * 4;
     if (size > capacity) return -1;
-    for (unsigned int i = 0; i < length; i += 3)
+    for (std::size_t i = 0; i < text.size(); i += 3)
         macroengine::EncodeGroup(text.substr(i, 3), encoded + i / 3 * 4);
     return static_cast<int>(size);
 }
