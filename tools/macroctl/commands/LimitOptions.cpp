@@ -44,16 +44,14 @@ std::string ReadSize(std::string& text) {
 }  // namespace
 
 void AddLimitOptions(CLI::App& command, MacroLimits& limits) {
-    const auto refuseStatements = [](std::string& text) { return RefuseStatements(text); };
-    const auto refuseSeconds = [](std::string& text) { return RefuseSeconds(text); };
     command.add_option("--max-statements", limits.statements, "Abort the run after so many statements")
         ->option_text("N")
         ->type_name("N")
-        ->check(CLI::Validator(refuseStatements, ""));
+        ->check(RefuseStatements);
     command.add_option("--max-seconds", limits.seconds, "Abort the run after so many seconds")
         ->option_text("S")
         ->type_name("S")
-        ->check(CLI::Validator(refuseSeconds, ""));
+        ->check(RefuseSeconds);
     command
         .add_option("--max-memory", limits.valueBytes,
                     "Abort the run when its texts and arrays need more\n"

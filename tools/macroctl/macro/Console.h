@@ -30,8 +30,17 @@ public:
     /// Notes where a command is called from.
     void NotePlace(CMacroPropertyIF& property);
 
-    /// @param progress  shows the place from now on, and makes way for what is written; null: nothing does.
-    void ShowProgress(ProgressLine* progress) { progress_ = progress; }
+    /// As long as one exists, the progress line shows the place, and makes way for what is written.
+    class Progress {
+    public:
+        Progress(Console& console, ProgressLine& line) : console_(console) { console_.progress_ = &line; }
+        Progress(const Progress&) = delete;
+        Progress& operator=(const Progress&) = delete;
+        ~Progress() { console_.progress_ = nullptr; }
+
+    private:
+        Console& console_;
+    };
 
 private:
     const MacroSource& source_;

@@ -104,10 +104,9 @@ ExitStatus Macro::Run(const RunOptions& options) {
     bool ranToItsEnd = false;
     {
         ProgressLine progress("running " + source_.Name());
-        console_.ShowProgress(&progress);
+        const Console::Progress shown(console_, progress);
         const AbortOnInterrupt abortOnInterrupt(*file_);
         ranToItsEnd = file_->Run();
-        console_.ShowProgress(nullptr);
     }
     if (ranToItsEnd) return kExitDone;
     ReportErrors("the file can't be run.");
