@@ -33,10 +33,10 @@ constexpr bool IsConcrete(ValueKind kind) {
 
 /// @return whether the payload of a value of the kind is a block that the value has a share in.
 constexpr bool HoldsReference(ValueKind kind) {
-    constexpr auto Bit = [](ValueKind of) { return 1U << static_cast<unsigned int>(of); };
+    constexpr auto bit = [](ValueKind of) { return 1U << static_cast<unsigned int>(of); };
     constexpr unsigned int kHolders =
-        Bit(ValueKind::String) | Bit(ValueKind::Array) | Bit(ValueKind::ElementReference);
-    return (Bit(kind) & kHolders) != 0;
+        bit(ValueKind::String) | bit(ValueKind::Array) | bit(ValueKind::ElementReference);
+    return (bit(kind) & kHolders) != 0;
 }
 
 /// The kind and the payload of a value, without a share in what the payload points to. Cheap to copy; valid

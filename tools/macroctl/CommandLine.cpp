@@ -69,7 +69,7 @@ std::string Explain(const CLI::ParseError& error) {
         {std::regex("(.*): 1 required (.*) missing"), "$1 needs a value, $2"},
         {std::regex("(.*): At Most 1 required but received \\d+"), "$1 is given more than once"},
     };
-    const std::string message = error.what();
+    std::string message = error.what();
     for (const auto& [theirs, ours] : kWords) {
         if (std::regex_match(message, theirs)) return std::regex_replace(message, theirs, ours);
     }

@@ -30,7 +30,7 @@ std::string RefuseSeconds(const std::string& text) {
 
 /// Makes the size a number of bytes.
 std::string ReadSize(std::string& text) {
-    const std::string reason = text + " is no size such as 65536, 64KB or 64MB";
+    std::string reason = text + " is no size such as 65536, 64KB or 64MB";
     // What follows the number is looked at below, where a number that is negative or too large would wrap.
     std::uint64_t number = 0;
     if (std::from_chars(text.data(), text.data() + text.size(), number).ec != std::errc()) return reason;

@@ -2,7 +2,7 @@
 
 #include <macroengine/Limits.h>
 
-namespace CLI {
+namespace CLI {  // NOLINT(readability-identifier-naming): the library's name
 class App;
 }
 
