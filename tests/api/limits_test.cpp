@@ -91,6 +91,12 @@ TEST(Limits, TheClockIsLookedAtAfterEachCommand) {
               "a.mac(2): error : Macro aborted. (limit of 0.01 seconds)");
 }
 
+TEST(Limits, ATimeThatNeverEndsIsNone) {
+    MacroLimits limits;
+    limits.seconds = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(RunText("a = 1\n", limits), "ran");
+}
+
 TEST(Limits, ATextGrowsToTheLimitAndNotBeyond) {
     const std::string text = "a = \"0123456789\"\nloop a != \"\"\n  a = a + a\nendloop\n";
     EXPECT_EQ(RunText(text, Bytes(1 << 20)),

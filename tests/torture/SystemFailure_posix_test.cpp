@@ -4,6 +4,7 @@
 #include "api/MacroHost.h"
 #include "macroengine/CRegDefFileIF.h"
 #include "macroengine/PluginInfo.h"
+#include "platform/SharedMemory.h"
 #include "support/FailingSystem_posix.h"
 #include "torture/FeatureHost.h"
 #include "torture/RegisterReaders.h"
@@ -100,6 +101,24 @@ TEST_P(SystemFailure, TheTableOfPluginsIsThereOrNot) {
         ASSERT_EQ(id, 8) << allowed;
         RemoveMacroPluginInfo(handle);
         ASSERT_FALSE(GetMacroPluginInfo(0, &id, &found)) << allowed;
+    }
+}
+
+TEST_P(SystemFailure, ASectionOfSharedMemoryIsMadeOrNot) {
+    const std::string name = "macroengine_torture_" + std::to_string(platform::ProcessId());
+    constexpr std::size_t kSize = 64;
+    bool succeeded = false;
+    for (long allowed = 0; !succeeded; ++allowed) {
+        ASSERT_LT(allowed, kMostCalls);
+        // A section stays for good: each try has its own.
+        const std::string ownName = name + (GetParam() ? "_once_" : "_ever_") + std::to_string(allowed);
+        platform::SharedMemory section;
+        bool isOpen = false;
+        succeeded = Try(allowed, [&] { isOpen = section.OpenOrCreate(ownName, kSize); });
+        ASSERT_EQ(section.Data() != nullptr, isOpen) << allowed;
+        ASSERT_TRUE(isOpen || !succeeded) << allowed;
+        ASSERT_TRUE(section.OpenOrCreate(ownName, kSize)) << allowed;
+        ASSERT_FALSE(section.Open(ownName, 2 * kSize)) << allowed;
     }
 }
 

@@ -7,12 +7,10 @@ namespace macroengine::plan {
 
 namespace {
 
-template <Operator op>
-constexpr bool kIsLogical = op == Operator::LogicalAnd || op == Operator::LogicalOr;
-
 template <Operator op, Right rightSide, Branch branch>
 struct Comparison {
-    // The quick ways are taken only after the general one has made the result a boolean, which it stays.
+    // The quick ways for numbers are taken only after the general one has made the result a boolean, which it
+    // stays.
 
     static Step* WithIntegers(Step* step, Frame& frame) {
         const ValueView& left = *step->left;
@@ -28,25 +26,17 @@ struct Comparison {
         return Finish(step, frame, Holds<op>(left.floating, right.floating));
     }
 
+    /// For the logical operators, whose operands are the results of comparisons that have just been done.
     static Step* WithBooleans(Step* step, Frame& frame) {
-        const ValueView& left = *step->left;
-        const ValueView& right = RightOf<rightSide>(*step);
-        if (left.eType != ValueKind::Boolean || right.eType != ValueKind::Boolean)
-            return WithAny(step, frame);
-        return Finish(step, frame, Holds<op>(left.boolean, right.boolean));
+        step->result->eType = ValueKind::Boolean;
+        return Finish(step, frame, Holds<op>(step->left->boolean, step->right->boolean));
     }
 
     static Step* WithAny(Step* step, Frame& frame) {
         const ValueView& left = *step->left;
         const ValueView& right = RightOf<rightSide>(*step);
         bool holds = false;
-        if constexpr (kIsLogical<op>) {
-            if (left.eType != ValueKind::Boolean || right.eType != ValueKind::Boolean) {
-                return RunStatements(step, frame);
-            }
-            holds = Holds<op>(left.boolean, right.boolean);
-            step->run = WithBooleans;
-        } else if (IsNumber(left) && IsNumber(right)) {
+        if (IsNumber(left) && IsNumber(right)) {
             if ((Kind(left) | Kind(right)) == 0) {
                 holds = Holds<op>(left.integer, right.integer);
                 step->run = WithIntegers;
@@ -97,9 +87,9 @@ Handler Choose(Operator op) {
         case Operator::GreaterOrEqual:
             return Comparison<Operator::GreaterOrEqual, right, branch>::WithAny;
         case Operator::LogicalAnd:
-            return Comparison<Operator::LogicalAnd, right, branch>::WithAny;
+            return Comparison<Operator::LogicalAnd, right, branch>::WithBooleans;
         case Operator::LogicalOr:
-            return Comparison<Operator::LogicalOr, right, branch>::WithAny;
+            return Comparison<Operator::LogicalOr, right, branch>::WithBooleans;
         default:
             return RunStatements;
     }

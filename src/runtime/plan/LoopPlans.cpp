@@ -34,10 +34,9 @@ void LoopPlans::FindRanges() {
             if (statement.GetKind() != CMacroStatementBase::Kind::Control) continue;
             const auto& control = static_cast<const CMacroStatementControl&>(statement);
             if (control.GetControl() != Control::Loop) continue;
-            const auto exit = static_cast<std::size_t>(control.GetFalseTarget());
             // A loop that was never closed, in a program that was not loaded to its end, has no exit.
-            if (control.GetFalseTarget() <= static_cast<std::int32_t>(group) || exit > starts.size())
-                continue;
+            if (control.GetFalseTarget() == CMacroStatementBase::kNextInOrder) continue;
+            const auto exit = static_cast<std::size_t>(control.GetFalseTarget());
             ranges_.push_back({group, exit, nullptr});
             next = exit;
             break;

@@ -15,6 +15,10 @@
 // An operation whose result is assigned to a variable assigns it itself, and a comparison followed by its
 // control statement branches itself. Steps that do the work of several statements carry the range of them, so
 // that they can leave it to them as a whole. Statements that do nothing leave no step.
+//
+// A plan covers loops that have their end, and with them all that stands in them. So every jump in it knows
+// where it leads, behind the comparisons of a condition comes the control statement that they decide about, and
+// behind the operations of an expression comes what uses it.
 
 namespace macroengine {
 
@@ -25,18 +29,8 @@ using plan::StepOrigin;
 
 namespace {
 
-/// @return whether an operand stands for the result of a statement.
-bool IsResult(const Operand& operand, const CMacroCommonValue& result) {
-    const ValueView view = operand.View();
-    return view.eType == ValueKind::ResultReference && view.result == &result;
-}
-
 plan::Right SideOf(const ValueView& operand) {
     return operand.eType == ValueKind::Integer ? plan::Right::Literal : plan::Right::Value;
-}
-
-bool IsConditional(Control control) {
-    return control == Control::If || control == Control::ElseIf || control == Control::Loop;
 }
 
 }  // namespace
@@ -51,7 +45,7 @@ void PlanBuilder::Build() {
         countedEnd_ = 0;
         for (std::size_t i = program_.groupStarts[group_]; i < end;) {
             if (i >= countedEnd_) BuildCount(i, end);
-            i = BuildStatement(i, end);
+            i = BuildStatement(i);
         }
     }
     AddExit(static_cast<std::int32_t>(plan_.endGroup_));
@@ -77,9 +71,9 @@ void PlanBuilder::BuildCount(std::size_t first, std::size_t end) {
     // The end of a loop decides about the next turn with the statements of its beginning.
     if (KindAt(first) == Kind::Control) {
         const auto& control = StatementAt<CMacroStatementControl>(first);
-        if (control.GetControl() == Control::EndLoop && control.GetJumpTarget() >= 0) {
+        if (control.GetControl() == Control::EndLoop) {
             const auto loopGroup = static_cast<std::size_t>(control.GetJumpTarget());
-            if (CanTestAtEnd(loopGroup)) count += EndOfGroup(loopGroup) - program_.groupStarts[loopGroup];
+            count += EndOfGroup(loopGroup) - program_.groupStarts[loopGroup];
         }
     }
     BeginSteps(first);
@@ -148,12 +142,6 @@ void PlanBuilder::EndSteps(std::size_t endStatement) {
     }
 }
 
-/// Takes back the steps built since BeginSteps.
-void PlanBuilder::DropSteps() {
-    plan_.steps_.resize(sequenceStart_);
-    plan_.origins_.resize(sequenceStart_);
-}
-
 // Operands
 
 const ValueView* PlanBuilder::FindSlot(const ValueView& operand) {
@@ -161,11 +149,11 @@ const ValueView* PlanBuilder::FindSlot(const ValueView& operand) {
         case ValueKind::VariableReference:
             return &operand.variable->value.View();
         case ValueKind::ResultReference:
-            return operand.result == nullptr ? nullptr : &operand.result->View();
+            return &operand.result->View();
         case ValueKind::ElementReference:
             return BuildLoad(*operand.element);
         default:
-            return IsConcrete(operand.eType) ? &plan_.slots_.emplace_back(operand) : nullptr;
+            return &plan_.slots_.emplace_back(operand);
     }
 }
 
@@ -175,9 +163,7 @@ const ValueView* PlanBuilder::BuildLoad(const ElementReference& element) {
     for (std::size_t i = 0; i < subscripts.size();) {
         const bool isNested = i + 1 < subscripts.size();
         const ValueView* const index = FindSlot(subscripts[i]);
-        if (index == nullptr) return nullptr;
         const ValueView* const second = isNested ? FindSlot(subscripts[i + 1]) : index;
-        if (second == nullptr) return nullptr;
         ValueView& loaded = plan_.slots_.emplace_back();
         Step& step = AddStep(isNested ? plan::LoadNestedElement : plan::LoadElement);
         step.left = base;
@@ -190,15 +176,13 @@ const ValueView* PlanBuilder::BuildLoad(const ElementReference& element) {
     return base;
 }
 
-/// Finds both operands of an operator.
-/// @return false for what only a statement can do.
-bool PlanBuilder::FindOperands(const ValueView& left, const ValueView& right, Operands& operands) {
+PlanBuilder::Operands PlanBuilder::FindOperands(const ValueView& left, const ValueView& right) {
+    Operands operands;
     operands.side = SideOf(right);
     operands.literal = right.integer;
     operands.left = FindSlot(left);
-    if (operands.left == nullptr) return false;
     if (operands.side == plan::Right::Value) operands.right = FindSlot(right);
-    return operands.side == plan::Right::Literal || operands.right != nullptr;
+    return operands;
 }
 
 void PlanBuilder::SetOperands(Step& step, const Operands& operands) {
@@ -212,21 +196,21 @@ void PlanBuilder::SetOperands(Step& step, const Operands& operands) {
 
 // Statements
 
-std::size_t PlanBuilder::BuildStatement(std::size_t index, std::size_t end) {
+std::size_t PlanBuilder::BuildStatement(std::size_t index) {
     BeginSteps(index);
     switch (KindAt(index)) {
         case Kind::Operate:
-            return BuildOperate(index, end);
+            return BuildOperate(index);
         case Kind::Compare:
-            return BuildCompare(index, end);
+            return BuildCompare(index);
         case Kind::Assign:
             return BuildAssign(index);
         case Kind::Control:
             return BuildControl(index);
         case Kind::Category:
+        default:
             return BuildCategory(index);
     }
-    return BuildAnyStatement(index);
 }
 
 std::size_t PlanBuilder::BuildCategory(std::size_t index) {
@@ -243,19 +227,13 @@ std::size_t PlanBuilder::BuildAnyStatement(std::size_t index) {
     return index + 1;
 }
 
-std::size_t PlanBuilder::BuildOperate(std::size_t index, std::size_t end) {
+std::size_t PlanBuilder::BuildOperate(std::size_t index) {
     auto& operate = StatementAt<CMacroStatementOperate>(index);
-    Operands operands;
-    if (!FindOperands(operate.GetLeft().View(), operate.GetRight().View(), operands)) {
-        DropSteps();
-        return BuildAnyStatement(index);
-    }
+    const Operands operands = FindOperands(operate.GetLeft().View(), operate.GetRight().View());
     Variable* target = nullptr;
-    if (index + 1 < end && KindAt(index + 1) == Kind::Assign) {
-        const auto& assign = StatementAt<CMacroStatementAssign>(index + 1);
-        const ValueView destination = assign.GetDestination().View();
-        const bool isWhole = destination.eType == ValueKind::VariableReference;
-        if (isWhole && IsResult(assign.GetSource(), operate.GetResult())) target = destination.variable;
+    if (KindAt(index + 1) == Kind::Assign) {
+        const ValueView destination = StatementAt<CMacroStatementAssign>(index + 1).GetDestination().View();
+        if (destination.eType == ValueKind::VariableReference) target = destination.variable;
     }
     Step& step = AddStep(plan::ChooseOperation(operate.GetOperator(), operands.side, target != nullptr));
     SetOperands(step, operands);
@@ -268,123 +246,86 @@ std::size_t PlanBuilder::BuildOperate(std::size_t index, std::size_t end) {
 
 std::size_t PlanBuilder::BuildAssign(std::size_t index) {
     const auto& assign = StatementAt<CMacroStatementAssign>(index);
-    const bool isWhole = assign.GetDestination().GetType() == ValueKind::VariableReference;
-    if (isWhole ? BuildAssignToVariable(assign) : BuildAssignToElement(assign)) {
-        EndSteps(index + 1);
-        return index + 1;
+    const ValueView destination = assign.GetDestination().View();
+    if (destination.eType == ValueKind::VariableReference) {
+        BuildAssignToVariable(assign, destination.variable->value.Cell());
+    } else if (destination.element->subscripts.size() <= 2) {
+        BuildAssignToElement(assign, *destination.element);
+    } else {
+        return BuildAnyStatement(index);
     }
-    DropSteps();
-    return BuildAnyStatement(index);
+    EndSteps(index + 1);
+    return index + 1;
 }
 
-bool PlanBuilder::BuildAssignToVariable(const CMacroStatementAssign& assign) {
+void PlanBuilder::BuildAssignToVariable(const CMacroStatementAssign& assign, ValueView& target) {
     const ValueView* const source = FindSlot(assign.GetSource());
-    if (source == nullptr) return false;
-    ValueView& target = assign.GetDestination().View().variable->value.Cell();
     if (assign.GetSource().GetType() == ValueKind::ElementReference) {
         // The load of the last subscript can assign the element itself.
         Step& load = plan_.steps_.back();
         load.run = load.run == plan::LoadElement ? plan::CopyElement : plan::CopyNestedElement;
         load.target = &target;
-        return true;
+        return;
     }
     Step& step = AddStep(plan::CopyValue);
     step.left = source;
     step.target = &target;
-    return true;
 }
 
-bool PlanBuilder::BuildAssignToElement(const CMacroStatementAssign& assign) {
-    const ValueView destination = assign.GetDestination().View();
-    if (destination.eType != ValueKind::ElementReference) return false;
-    const ElementReference& element = *destination.element;
-    const std::size_t depth = element.subscripts.size();
-    if (depth < 1 || depth > 2) return false;
+void PlanBuilder::BuildAssignToElement(const CMacroStatementAssign& assign, const ElementReference& element) {
+    const bool isNested = element.subscripts.size() == 2;
     const ValueView* const source = FindSlot(assign.GetSource());
-    if (source == nullptr) return false;
     const ValueView* const first = FindSlot(element.subscripts[0]);
-    const ValueView* const last = depth == 1 || first == nullptr ? first : FindSlot(element.subscripts[1]);
-    if (last == nullptr) return false;
-    Step& step = AddStep(depth == 1 ? plan::StoreElement : plan::StoreNestedElement);
+    const ValueView* const second = isNested ? FindSlot(element.subscripts[1]) : nullptr;
+    Step& step = AddStep(isNested ? plan::StoreNestedElement : plan::StoreElement);
     step.target = &element.variable->value.Cell();
     step.left = first;
     step.right = source;
-    if (depth == 2) step.second = last;
-    return true;
+    step.second = second;
 }
 
-std::size_t PlanBuilder::BuildCompare(std::size_t index, std::size_t end) {
+std::size_t PlanBuilder::BuildCompare(std::size_t index) {
     auto& compare = StatementAt<CMacroStatementCompare>(index);
-    const CMacroStatementControl* control = nullptr;
-    if (index + 1 < end && KindAt(index + 1) == Kind::Control) {
-        control = &StatementAt<CMacroStatementControl>(index + 1);
-        if (!BranchesOn(*control, group_, compare)) control = nullptr;
+    const bool branches = KindAt(index + 1) == Kind::Control;
+    BuildComparison(compare, branches ? Branch::IfFalse : Branch::None);
+    if (branches) {
+        plan_.origins_.back().jumpGroup = StatementAt<CMacroStatementControl>(index + 1).GetFalseTarget();
     }
-    if (!BuildComparison(compare, control != nullptr ? Branch::IfFalse : Branch::None)) {
-        DropSteps();
-        return BuildAnyStatement(index);
-    }
-    if (control != nullptr) plan_.origins_.back().jumpGroup = control->GetFalseTarget();
-    const std::size_t next = control != nullptr ? index + 2 : index + 1;
+    const std::size_t next = branches ? index + 2 : index + 1;
     EndSteps(next);
     return next;
 }
 
-/// @return whether a control statement of a group goes on in order when the comparison before it holds, and otherwise
-/// forward to its false target.
-bool PlanBuilder::BranchesOn(const CMacroStatementControl& control, std::size_t group,
-                             CMacroStatementCompare& compare) const {
-    return IsConditional(control.GetControl()) && IsResult(control.GetCondition(), compare.GetResult()) &&
-           control.GetJumpTarget() == CMacroStatementBase::kNextInOrder &&
-           control.GetFalseTarget() > static_cast<std::int32_t>(group);
-}
-
-bool PlanBuilder::BuildComparison(CMacroStatementCompare& compare, Branch branch) {
-    Operands operands;
-    if (!FindOperands(compare.GetLeft().View(), compare.GetRight().View(), operands)) return false;
+void PlanBuilder::BuildComparison(CMacroStatementCompare& compare, Branch branch) {
+    const Operands operands = FindOperands(compare.GetLeft().View(), compare.GetRight().View());
     Step& step = AddStep(plan::ChooseComparison(compare.GetOperator(), operands.side, branch));
     SetOperands(step, operands);
     step.result = &compare.GetResult().Cell();
-    return true;
 }
 
 std::size_t PlanBuilder::BuildControl(std::size_t index) {
-    const auto& control = StatementAt<CMacroStatementControl>(index);
-    switch (control.GetControl()) {
-        case Control::Else:
-        case Control::EndIf:
-        case Control::LoopExit:
-            return index + 1;
-        case Control::EndLoop:
-        case Control::BranchEnd:
-            if (control.GetJumpTarget() < 0) break;
-            BuildJump(index, static_cast<std::size_t>(control.GetJumpTarget()));
-            return index + 1;
-        default:
-            break;
-    }
-    return BuildAnyStatement(index);
+    const std::int32_t target = StatementAt<CMacroStatementControl>(index).GetJumpTarget();
+    if (target != CMacroStatementBase::kNextInOrder) BuildJump(index, static_cast<std::size_t>(target));
+    return index + 1;
 }
 
 void PlanBuilder::BuildJump(std::size_t index, std::size_t group) {
-    const bool isBack = group <= group_;
-    if (isBack && BuildLoopEnd(index, group)) return;
-    AddStep(isBack ? plan::JumpBack : plan::Jump);
+    if (group < group_) {
+        BuildLoopEnd(index, group);
+        return;
+    }
+    AddStep(plan::Jump);
     plan_.origins_.back().jumpGroup = static_cast<std::int32_t>(group);
-    plan_.origins_.back().jumpStatement = static_cast<std::uint32_t>(index);
-    plan_.origins_.back().countedByJump = counted_;
     BeginSteps(index);
     EndSteps(index + 1);
 }
 
 /// Joins the operation in the last line of a loop with the loop's test, the last step.
 void PlanBuilder::JoinAdvance(std::size_t endLoop, const CMacroStatementCompare& compare) {
-    if (endLoop < 2 || plan_.steps_.size() < 2 || KindAt(endLoop - 2) != Kind::Operate) return;
+    if (KindAt(endLoop - 2) != Kind::Operate) return;
     const std::size_t last = plan_.steps_.size() - 1;
-    const StepOrigin& origin = plan_.origins_[last - 1];
     Step& advance = plan_.steps_[last - 1];
-    const bool isWholeLine = origin.firstStatement == endLoop - 2 && origin.endStatement == endLoop &&
-                             program_.groupStarts[group_] == endLoop;
+    const bool isWholeLine = plan_.origins_[last - 1].firstStatement == endLoop - 2;
     if (!isWholeLine || advance.left != advance.target || plan_.steps_[last].left != advance.target) return;
     const auto& operate = StatementAt<CMacroStatementOperate>(endLoop - 2);
     const plan::Handler joined =
@@ -393,37 +334,14 @@ void PlanBuilder::JoinAdvance(std::size_t endLoop, const CMacroStatementCompare&
     if (joined != nullptr) advance.run = joined;
 }
 
-/// @return whether the end of a loop, in the group being built, can do the work of its beginning.
-bool PlanBuilder::CanTestAtEnd(std::size_t loopGroup) const {
-    return plan_.Covers(loopGroup) && loopGroup < group_ && IsPlainLoop(loopGroup);
-}
-
-/// @return whether a group is a loop's condition made of comparisons alone, followed by its control statement.
-bool PlanBuilder::IsPlainLoop(std::size_t group) const {
-    const std::size_t last = EndOfGroup(group) - 1;
-    for (std::size_t i = program_.groupStarts[group]; i < last; ++i) {
-        if (KindAt(i) != Kind::Compare) return false;
-    }
-    if (last == program_.groupStarts[group] || KindAt(last) != Kind::Control) return false;
-    const auto& loop = StatementAt<CMacroStatementControl>(last);
-    return loop.GetControl() == Control::Loop &&
-           BranchesOn(loop, group, StatementAt<CMacroStatementCompare>(last - 1));
-}
-
 /// Builds the condition of a loop once more at its end, where it decides about the next turn.
-bool PlanBuilder::BuildLoopEnd(std::size_t index, std::size_t loopGroup) {
-    if (!CanTestAtEnd(loopGroup)) return false;
+void PlanBuilder::BuildLoopEnd(std::size_t index, std::size_t loopGroup) {
     const std::size_t start = plan_.steps_.size();
     const std::size_t loop = EndOfGroup(loopGroup) - 1;
     for (std::size_t i = program_.groupStarts[loopGroup]; i < loop; ++i) {
         BeginSteps(i);
         const bool isLast = i + 1 == loop;
-        if (!BuildComparison(StatementAt<CMacroStatementCompare>(i),
-                             isLast ? Branch::BackIfTrue : Branch::None)) {
-            sequenceStart_ = start;
-            DropSteps();
-            return false;
-        }
+        BuildComparison(StatementAt<CMacroStatementCompare>(i), isLast ? Branch::BackIfTrue : Branch::None);
         EndSteps(isLast ? loop + 1 : i + 1);
         // They were counted up to the loop's own statement.
         for (std::size_t s = sequenceStart_; s < plan_.steps_.size(); ++s)
@@ -438,7 +356,6 @@ bool PlanBuilder::BuildLoopEnd(std::size_t index, std::size_t loopGroup) {
     // When the statements run instead, they go on in order behind the loop's own ones.
     for (std::size_t i = sequenceStart_; i < plan_.steps_.size(); ++i)
         plan_.origins_[i].after = groupSteps_[loopGroup + 1 - plan_.firstGroup_];
-    return true;
 }
 
 }  // namespace macroengine

@@ -26,24 +26,24 @@ private:
 
     // Statements. Each of these builds the steps of the statement at an index and of those behind it that
     // share its steps, and returns the index of the next one.
-    std::size_t BuildStatement(std::size_t index, std::size_t end);
-    std::size_t BuildOperate(std::size_t index, std::size_t end);
-    std::size_t BuildCompare(std::size_t index, std::size_t end);
+    std::size_t BuildStatement(std::size_t index);
+    std::size_t BuildOperate(std::size_t index);
+    std::size_t BuildCompare(std::size_t index);
     std::size_t BuildAssign(std::size_t index);
     std::size_t BuildControl(std::size_t index);
     std::size_t BuildCategory(std::size_t index);
     std::size_t BuildAnyStatement(std::size_t index);
 
-    bool BuildAssignToVariable(const CMacroStatementAssign& assign);
-    bool BuildAssignToElement(const CMacroStatementAssign& assign);
-    bool BuildComparison(CMacroStatementCompare& compare, plan::Branch branch);
+    void BuildAssignToVariable(const CMacroStatementAssign& assign, ValueView& target);
+    void BuildAssignToElement(const CMacroStatementAssign& assign, const ElementReference& element);
+    void BuildComparison(CMacroStatementCompare& compare, plan::Branch branch);
     void BuildJump(std::size_t index, std::size_t group);
-    bool BuildLoopEnd(std::size_t index, std::size_t loopGroup);
+    void BuildLoopEnd(std::size_t index, std::size_t loopGroup);
     void JoinAdvance(std::size_t endLoop, const CMacroStatementCompare& compare);
     void BuildCheck();
     void BuildCount(std::size_t first, std::size_t end);
 
-    // Operands: each of these returns where a step finds the value, null for what only a statement can do.
+    // Operands: each of these returns where a step finds the value.
     const ValueView* FindSlot(const ValueView& operand);
     const ValueView* FindSlot(const Operand& operand) { return FindSlot(operand.View()); }
     const ValueView* BuildLoad(const ElementReference& element);
@@ -55,13 +55,12 @@ private:
         std::int32_t literal = 0;
     };
 
-    bool FindOperands(const ValueView& left, const ValueView& right, Operands& operands);
+    Operands FindOperands(const ValueView& left, const ValueView& right);
     static void SetOperands(Step& step, const Operands& operands);
 
     Step& AddStep(plan::Handler run);
     void BeginSteps(std::size_t firstStatement);
     void EndSteps(std::size_t endStatement);
-    void DropSteps();
     void Connect();
     std::uint32_t AddExit(std::int32_t group);
 
@@ -74,10 +73,6 @@ private:
         return program_.statements[index]->GetKind();
     }
     std::size_t EndOfGroup(std::size_t group) const;
-    bool BranchesOn(const CMacroStatementControl& control, std::size_t group,
-                    CMacroStatementCompare& compare) const;
-    bool IsPlainLoop(std::size_t group) const;
-    bool CanTestAtEnd(std::size_t loopGroup) const;
 
     static constexpr std::size_t kStepsPerCheck = 1000;
 

@@ -17,9 +17,9 @@ Step* LeaveBehind(const Step* step, std::size_t statement, Progress progress, Fr
 }
 
 Step* EnterGroup(std::size_t group, Frame& frame) {
-    const bool isInPlan = group >= frame.firstGroup && group - frame.firstGroup < frame.entries.size();
-    if (!isInPlan) return LeaveForGroup(group, frame);
-    return frame.entries[group - frame.firstGroup];
+    // Statements lead no farther back than to the first loop of their plan.
+    const std::size_t entry = group - frame.firstGroup;
+    return entry < frame.entries.size() ? frame.entries[entry] : LeaveForGroup(group, frame);
 }
 
 }  // namespace
@@ -60,11 +60,6 @@ Step* CopyValue(Step* step, Frame& frame) {
 }
 
 Step* Jump(Step* step, Frame& frame) {
-    return Continue(step->jump, frame);
-}
-
-Step* JumpBack(Step* step, Frame& frame) {
-    if (!frame.IsRunning()) return LeaveAtJump(step, frame);
     return Continue(step->jump, frame);
 }
 

@@ -16,9 +16,6 @@ Step* CopyValue(Step* step, Frame& frame);
 /// Goes on elsewhere in the plan.
 Step* Jump(Step* step, Frame& frame);
 
-/// Goes on elsewhere in the plan, as long as the program is to run on.
-Step* JumpBack(Step* step, Frame& frame);
-
 /// Goes on with the next step, as long as the program is to run on.
 Step* CheckState(Step* step, Frame& frame);
 

@@ -1,12 +1,16 @@
 #include "runtime/plan/ExecutionPlan.h"
 
 #include <algorithm>
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "runtime/plan/LoopPlans.h"
 #include "support/CompiledMacro.h"
 
 namespace macroengine {
@@ -162,6 +166,29 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"ALimitThatMoves",
              "a = 0\nc = 9\nloop a < c\n c = c - 1\n a = a + 1\nendloop\n",
              {"a = integer 5", "c = integer 4"}},
+        Case{"LoopsThatEndAtOneValue",
+             "a = 0\nc = 3\nloop a != 7\n a = a + 1\nendloop\nb = 1\nloop b == 1\n b = b + 1\nendloop\n"
+             "loop a != c\n a = a - 1\nendloop\nloop b >= c\n b = b - a\nendloop\n",
+             {"a = integer 3", "b = integer 2"}},
+        Case{"QuotientsThatAreNotAssignedThemselves",
+             "a = 3\nb = 3.0\nloop a >= 0\n c = 6.0 / b + 1\n d = 1 + 12 / a\n b = b - 1\n a = a - "
+             "1\nendloop\n",
+             {"main.mac(4): error : 0 division.", "c = floating 7", "d = integer 13"}},
+        Case{"BitsThatAreNotAssignedThemselves",
+             "a = 0\nloop a < 5\n b = (a & 3 | 8) << 1 >> 2\n c = 7 - (a * a + a)\n a = a + 1\nendloop\n",
+             {"b = integer 4", "c = integer -13"}},
+        Case{"FloatingValuesAgainstIntegers",
+             "a = 0\nb = 0.5\nd = 0\nloop a < 4\n c = b * 2 + (b - 1) * b\n if b < a\n  d = d + 1\n endif\n"
+             " if b < 2.5\n  d = d + 10\n endif\n b = b + 1\n if a == 2\n  b = 3\n endif\n a = a + "
+             "1\nendloop\n",
+             {"c = integer 12", "d = integer 20"}},
+        Case{"RowsOfEveryKind",
+             "a = 0\nb[0][0] = 1.5\nc[0][0] = \"t\"\nd[0][0] = 7\nloop a < 3\n e = b[0][0]\n f = c[0][0]\n"
+             " if a == 1\n  f = d[0][0]\n endif\n c[0][0] = f\n a = a + 1\nendloop\n",
+             {"e = floating 1.5", "f = integer 7"}},
+        Case{"ElementsThatNeedMoreThanTwoSubscripts",
+             "a = 0\nloop a < 3\n b[0][0][a] = a\n c = b[0][0][a] + 1\n a = a + 1\nendloop\n",
+             {"b = [[[integer 0, integer 1, integer 2]]]", "c = integer 3"}},
         Case{"AFloatingStep",
              "a = 0.0\nloop a < 3\n a = a + 0.5\n b = b0\nendloop\n",
              {"main.mac(4): error : Didn't define valiable name[b0]"}}),
@@ -207,6 +234,73 @@ TEST(ExecutionPlan, AnAbortIsSeenRightAfterTheCallThatAsksForIt) {
         EXPECT_EQ(macro.Run(), Lines{"main.mac(3): error : Macro aborted."});
         EXPECT_EQ(macro.ValueOf("a"), "integer 5");
     }
+}
+
+class TellingCommand : public CMacroCategoryBase {
+public:
+    TellingCommand() : CMacroCategoryBase("test", "isSmall", true, false, "") {}
+
+    bool Run(CMacroPropertyIF* property) override {
+        int value = 0;
+        return property->GetArgInteger(0, 0, 0, value) && property->SetResultBoolean(value < 3);
+    }
+};
+
+TEST(ExecutionPlan, ConditionsOnWhatACommandTells) {
+    for (const bool usesPlans : {true, false}) {
+        CompiledMacro macro;
+        TellingCommand command;
+        macro.GetCommands().AddCategoryCommand(nullptr, &command, false);
+        macro.GetProgram().UsePlans(usesPlans);
+        ASSERT_EQ(macro.Compile("a = 0\nb = test.isSmall(0)\nc = test.isSmall(0)\nd = 0\n"
+                                "loop b == c\n a = a + 1\n b = test.isSmall(a)\n if b != c\n  d = a\n endif\n"
+                                "endloop\nloop b == c\n a = 99\nendloop\n"),
+                  Lines());
+        EXPECT_EQ(macro.Run(), Lines());
+        EXPECT_EQ(macro.ValueOf("a"), "integer 3");
+        EXPECT_EQ(macro.ValueOf("d"), "integer 3");
+    }
+}
+
+/// Where the plan of a loop leaves a program that is to stop: in its first turn and, with the steps that it
+/// has chosen there, in another one.
+std::vector<std::uint32_t> LinesOfLeaving(const std::string& condition, const std::string& body) {
+    CompiledMacro macro;
+    EXPECT_EQ(macro.Compile("a = 0\nloop " + condition + "\n" + body + "endloop\na = 0\nh = 0.5\n"), Lines());
+    EXPECT_EQ(macro.Run(), Lines());
+    LoopPlans plans(macro.GetProgram().GetText());
+    const std::size_t firstGroup = 1;
+    ExecutionPlan* const plan = plans.Find(firstGroup, false);
+    const std::atomic<RunState> state{RunState::Aborting};
+    std::vector<std::uint32_t> lines;
+    for (int turn = 0; turn < 2; ++turn) {
+        std::size_t current = 0;
+        const plan::Exit exit = plan->Run(firstGroup, state, current, nullptr);
+        lines.push_back(macro.GetProgram().GetStatements()[exit.statement]->GetLineNumber());
+    }
+    return lines;
+}
+
+TEST(ExecutionPlan, AProgramThatIsToStopIsLeftAtTheEndOfATurn) {
+    using Numbers = std::vector<std::uint32_t>;
+    const std::string advance = " a = a + 1\n";
+    for (const char* condition : {"a < 9", "a != 9", "a < 9.5", "a < 9 && a != 7", "a < 2 || a < 9"}) {
+        EXPECT_EQ(LinesOfLeaving(condition, advance), (Numbers{4, 4})) << condition;
+        EXPECT_EQ(LinesOfLeaving(condition, advance + " b = a\n"), (Numbers{5, 5})) << condition;
+    }
+    EXPECT_EQ(LinesOfLeaving("a < 9", " h = a * 0.5\n a = a + 1\n b = h\n"), (Numbers{6, 6}));
+}
+
+TEST(ExecutionPlan, AProgramThatIsToStopIsLeftBehindWhatAStatementDoesItself) {
+    EXPECT_EQ(LinesOfLeaving("a < 9", " b[0][0][0] = a\n a = a + 1\n"), (std::vector<std::uint32_t>{3, 3}));
+}
+
+TEST(ExecutionPlan, ALongTurnIsLeftBeforeItsEnd) {
+    std::string body;
+    for (int line = 0; line < 1500; ++line)
+        body += " b = a + 1\n";
+    // The state is looked at after a thousand steps.
+    EXPECT_EQ(LinesOfLeaving("a < 2", body + " a = a + 1\n"), (std::vector<std::uint32_t>{1002, 1002}));
 }
 
 TEST(ExecutionPlan, ProgramsThatGrowGetNewPlans) {
