@@ -47,8 +47,9 @@ bool StatementParser::ParseStatementList() {
 
 bool StatementParser::ParseStatementListRest() {
     for (;;) {
+        const Token* next;
         TokenCode code;
-        if (!compiler_.Peek(code)) return false;
+        if (!compiler_.Peek(next, code)) return false;
         switch (code) {
             case TokenCode::End:
             case TokenCode::ElseIf:
@@ -57,10 +58,14 @@ bool StatementParser::ParseStatementListRest() {
             case TokenCode::EndLoop:
                 return true;
             case TokenCode::If:
+                if (!ParseIf(next->line)) return false;
+                break;
             case TokenCode::Loop:
+                if (!ParseLoop(next->line)) return false;
+                break;
             case TokenCode::Name:
             case TokenCode::Category:
-                if (!ParseStatement()) return false;
+                if (!ParseStatement(*next, code)) return false;
                 break;
             default:
                 return compiler_.ReportSyntaxErrorOnNext();
@@ -68,22 +73,11 @@ bool StatementParser::ParseStatementListRest() {
     }
 }
 
-bool StatementParser::ParseStatement() {
-    const Token* first;
-    TokenCode code;
-    if (!compiler_.Peek(first, code)) return false;
-    switch (code) {
-        case TokenCode::If:
-            return ParseIf();
-        case TokenCode::Loop:
-            return ParseLoop();
-        case TokenCode::Category:
-            compiler_.BeginStatement(first->line);
-            return calls_.ParseStatement() && ParseEndOfStatement();
-        default:
-            compiler_.BeginStatement(first->line);
-            return ParseAssignment() && ParseEndOfStatement();
-    }
+/// Parses the assignment or the call that begins with a token, which is the next one.
+bool StatementParser::ParseStatement(const Token& first, TokenCode code) {
+    compiler_.BeginStatement(first.line);
+    const bool parsed = code == TokenCode::Category ? calls_.ParseStatement() : ParseAssignment(first);
+    return parsed && ParseEndOfStatement();
 }
 
 bool StatementParser::ParseEndOfStatement() {
@@ -93,14 +87,11 @@ bool StatementParser::ParseEndOfStatement() {
     return preprocessor_.ParseDirectives();
 }
 
-bool StatementParser::ParseAssignment() {
-    const Token* next;
-    TokenCode code;
-    if (!compiler_.Peek(next, code)) return false;
-    const Token name = *next;
+bool StatementParser::ParseAssignment(Token name) {
     Operand destination;
     if (!expressions_.ParseOperand(destination)) return false;
     Token assign;
+    TokenCode code;
     if (!compiler_.Read(assign, code)) return false;
     if (code == TokenCode::Point && destination.GetType() == ValueKind::VariableReference) {
         return compiler_.ReportNoCategory(name);
@@ -157,13 +148,11 @@ void StatementParser::EndBranch() {
     pending_.push_back({group, compiler_.InsertIntoLastGroup(MakeControl(Control::BranchEnd))});
 }
 
-bool StatementParser::ParseIf() {
-    const Token* keyword;
-    TokenCode code;
-    if (!compiler_.Peek(keyword, code)) return false;
+bool StatementParser::ParseIf(std::uint32_t line) {
     const NestingGuard nesting(compiler_.GetBlockDepth());
-    if (nesting.IsTooDeep()) return compiler_.ReportNesting(keyword->line, "if");
+    if (nesting.IsTooDeep()) return compiler_.ReportNesting(line, "if");
     if (!BeginKeyword(TokenCode::If) || !ParseConditional(Control::If) || !ParseBody()) return false;
+    TokenCode code;
     for (;;) {
         if (!compiler_.Peek(code)) return false;
         if (code != TokenCode::ElseIf) break;
@@ -220,12 +209,9 @@ bool StatementParser::PatchBranches(std::int32_t end) {
     return false;
 }
 
-bool StatementParser::ParseLoop() {
-    const Token* keyword;
-    TokenCode code;
-    if (!compiler_.Peek(keyword, code)) return false;
+bool StatementParser::ParseLoop(std::uint32_t line) {
     const NestingGuard nesting(compiler_.GetBlockDepth());
-    if (nesting.IsTooDeep()) return compiler_.ReportNesting(keyword->line, "loop");
+    if (nesting.IsTooDeep()) return compiler_.ReportNesting(line, "loop");
     if (!BeginKeyword(TokenCode::Loop) || !ParseConditional(Control::Loop) || !ParseBody()) return false;
     const Pending loop = pending_.back();
     pending_.pop_back();

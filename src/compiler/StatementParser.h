@@ -31,15 +31,15 @@ private:
 
     bool ParseStatementList();
     bool ParseStatementListRest();
-    bool ParseStatement();
-    bool ParseAssignment();
+    bool ParseStatement(const Token& first, TokenCode code);
+    bool ParseAssignment(Token name);
     bool ParseEndOfStatement();
 
-    bool ParseIf();
+    bool ParseIf(std::uint32_t line);
     bool ParseElseIf();
     bool ParseElse();
     bool ParseEndIf();
-    bool ParseLoop();
+    bool ParseLoop(std::uint32_t line);
     bool ParseEndLoop(const Pending& loop);
 
     bool BeginKeyword(TokenCode expected);

@@ -60,7 +60,8 @@ TEST_F(MacroCallsTest, CallsComeInTheOrderOfTheProgramWithTheirLiterals) {
                                    "if x == 5\n"
                                    "    t = string.format(\"%f\", -1.5)\n"
                                    "endif\n"
-                                   "using.namespace\n");
+                                   "using.namespace\n"
+                                   "system.variable(\"name\") = 7\n");
     ASSERT_TRUE(file_->Load(path.c_str()));
     std::vector<std::string> calls;
     EXPECT_TRUE(VisitMacroCalls(file_, Gather, &calls));
@@ -69,6 +70,7 @@ TEST_F(MacroCallsTest, CallsComeInTheOrderOfTheProgramWithTheirLiterals) {
                          inner + "(1) wait_ms.wait_ms 1",
                          path + "(5) string.format \"%f\" -1.500000",
                          path + "(7) using.namespace",
+                         path + "(8) system.variable \"name\" = 7",
                      }));
 }
 
