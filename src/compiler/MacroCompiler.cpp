@@ -33,6 +33,7 @@ bool MacroCompiler::CompileFile(const std::string& path, const CLex* parent) {
         return false;
     }
     if (parent != nullptr) lexer.MergeMacros(*parent);
+    program_.ExpectText(lexer.GetTextSize());
     CLex* const outerLexer = std::exchange(lexer_, &lexer);
     SourceUnit* const outerUnit = std::exchange(unit_, &program_.AddSourceUnit(path, includeDepth_));
     bool compiled = false;

@@ -12,6 +12,7 @@ namespace macroengine {
 namespace {
 
 constexpr std::uint32_t kPausePollMilliseconds = 10;
+constexpr std::size_t kRoom = 16;
 constexpr const char* kAborted = "Macro aborted.";
 constexpr const char* kNothingToRun = "Nothing macro sequence.";
 constexpr const char* kRunTimeError = "run time error !";
@@ -22,10 +23,11 @@ constexpr bool kUsesPlans = true;
 constexpr bool kUsesPlans = false;
 #endif
 
-/// Makes room for one more element, in steps that make appending cheap.
+/// Makes room for more elements, in steps that make appending cheap.
 template <class Element>
-void Grow(std::vector<Element>& elements) {
-    if (elements.size() == elements.capacity()) elements.reserve(elements.size() * 2 + 16);
+void Grow(std::vector<Element>& elements, std::size_t more) {
+    if (elements.capacity() - elements.size() >= more) return;
+    elements.reserve(elements.size() * 2 + std::max(more, kRoom));
 }
 
 }  // namespace
@@ -39,6 +41,18 @@ SourceUnit& CMacroPrg::AddSourceUnit(std::string fileName, std::uint32_t compile
     unit.fileName = std::move(fileName);
     unit.compileNumber = compileNumber;
     return unit;
+}
+
+void CMacroPrg::ExpectText(std::size_t bytes) {
+    // Dense texts have a statement in eight bytes; room that stays unused takes addresses alone.
+    constexpr std::size_t kBytesPerStatement = 8;
+    constexpr std::size_t kMostExpected = std::size_t{1} << 23;
+    const std::size_t expected = std::min(bytes / kBytesPerStatement, kMostExpected);
+    try {
+        Grow(statements_, expected);
+        Grow(groupStarts_, expected);
+    } catch (const std::bad_alloc&) {
+    }
 }
 
 bool CMacroPrg::Fail(const char* text) {
@@ -57,8 +71,8 @@ bool CMacroPrg::InsertMacroNode(StatementPointer<CMacroStatementBase> statement,
     if (statement == nullptr) {
         return Fail("internal error: NULL macro registerd at CMacroPrg::InsertMacroNode()");
     }
-    Grow(statements_);
-    Grow(groupStarts_);
+    if (statements_.size() == statements_.capacity()) Grow(statements_, 1);
+    if (groupStarts_.size() == groupStarts_.capacity()) Grow(groupStarts_, 1);
     // From here on nothing can fail: a group never begins without its statement.
     SetState(State::Loading);
     const bool beginsGroup = groupStarts_.empty() || grouping == Grouping::Alone ||

@@ -59,6 +59,10 @@ public:
     /// @return false for null, which is reported.
     bool InsertMacroNode(StatementPointer<CMacroStatementBase> statement, Grouping grouping);
 
+    /// Makes room for the statements of a text of so many bytes, so that they seldom have to move. Without the memory
+    /// for it the room grows as it is needed.
+    void ExpectText(std::size_t bytes);
+
     /// @return what the statements of a file that is being compiled share; it lives as long as the program.
     SourceUnit& AddSourceUnit(std::string fileName, std::uint32_t compileNumber);
 

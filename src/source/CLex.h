@@ -97,6 +97,9 @@ public:
         if (front_ == back_ && scanner_.GetPosition() - remembered_ >= kWorthwhile) DiscardReadText();
     }
 
+    /// @return the bytes of the text.
+    std::size_t GetTextSize() const { return static_cast<std::size_t>(text_.End() - text_.Begin()); }
+
     std::uint32_t GetLine() const { return scanner_.GetLine(); }
     const std::string& GetFilePath() const { return path_; }
     CErrorMessageTable& GetErrors() { return errors_; }

@@ -81,6 +81,14 @@ TEST(CMacroPrgInsertion, TheModeChoosesTheGroup) {
     EXPECT_EQ(program.Run(), "a b c d e f");
 }
 
+TEST(CMacroPrgInsertion, AnExpectedTextNeedNotCome) {
+    CMacroPrg program;
+    program.ExpectText(0);
+    program.ExpectText(SIZE_MAX);
+    EXPECT_EQ(program.GetGroupCount(), 0);
+    EXPECT_EQ(program.GetState(), CMacroPrg::State::Empty);
+}
+
 TEST(CMacroPrgInsertion, TheFirstStatementKeepsItsLine) {
     for (const Grouping grouping : {Grouping::BySourceLine, Grouping::Alone, Grouping::WithLastGroup}) {
         ScriptedProgram program;
