@@ -87,7 +87,9 @@ bool StatementParser::ParseEndOfStatement() {
     return preprocessor_.ParseDirectives();
 }
 
-bool StatementParser::ParseAssignment(Token name) {
+bool StatementParser::ParseAssignment(const Token& first) {
+    // Reading on takes the room of a token that was only looked at.
+    const Token name = first;
     Operand destination;
     if (!expressions_.ParseOperand(destination)) return false;
     Token assign;

@@ -32,7 +32,7 @@ private:
     bool ParseStatementList();
     bool ParseStatementListRest();
     bool ParseStatement(const Token& first, TokenCode code);
-    bool ParseAssignment(Token name);
+    bool ParseAssignment(const Token& first);
     bool ParseEndOfStatement();
 
     bool ParseIf(std::uint32_t line);
