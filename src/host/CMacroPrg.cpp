@@ -12,7 +12,6 @@ namespace macroengine {
 namespace {
 
 constexpr std::uint32_t kPausePollMilliseconds = 10;
-constexpr std::size_t kRoom = 16;
 constexpr const char* kAborted = "Macro aborted.";
 constexpr const char* kNothingToRun = "Nothing macro sequence.";
 constexpr const char* kRunTimeError = "run time error !";
@@ -26,8 +25,9 @@ constexpr bool kUsesPlans = false;
 /// Makes room for more elements, in steps that make appending cheap.
 template <class Element>
 void Grow(std::vector<Element>& elements, std::size_t more) {
+    constexpr std::size_t kFew = 16;
     if (elements.capacity() - elements.size() >= more) return;
-    elements.reserve(elements.size() * 2 + std::max(more, kRoom));
+    elements.reserve(elements.size() * 2 + std::max(more, kFew));
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ struct ConditionalState {
 /// Turns one loaded file into tokens, on demand and with any look-ahead.
 ///
 /// Lexical errors go, with the file and the line, into the lexer's own table. Tokens view the lexer's text
-/// and die with it.
+/// and die with it, or when it forgets what was read.
 class CLex {
 public:
     enum class Substitution { Macros, None };

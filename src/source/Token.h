@@ -28,7 +28,7 @@ inline TokenKind KindOfWord(std::string_view text) {
 /// writing it can't change any other object.
 enum class ReaderCode : std::uint8_t { None = 0xFF };
 
-/// One token. Its text lives in the lexer that gave it, and as long as that lexer.
+/// One token. Its text lives in the lexer that gave it, until that lexer dies or forgets what was read.
 struct Token {
     std::string_view text;  ///< "\n" for a line end, empty at the end of the text
     std::uint32_t line = 0;

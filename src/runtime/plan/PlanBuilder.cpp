@@ -316,8 +316,6 @@ void PlanBuilder::BuildJump(std::size_t index, std::size_t group) {
     }
     AddStep(plan::Jump);
     plan_.origins_.back().jumpGroup = static_cast<std::int32_t>(group);
-    BeginSteps(index);
-    EndSteps(index + 1);
 }
 
 /// Joins the operation in the last line of a loop with the loop's test, the last step.
