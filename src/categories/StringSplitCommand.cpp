@@ -28,7 +28,7 @@ std::size_t FindDelimiter(std::string_view text, std::size_t from, std::string_v
 /// Cuts the text into pieces in place: each ends with a NUL where its delimiter began.
 std::vector<const char*> Split(std::string& text, std::string_view delimiter, bool trims) {
     std::vector<const char*> pieces;
-    for (std::size_t start = 0; start <= text.size();) {
+    for (std::size_t start = 0;;) {
         const std::size_t end = FindDelimiter(text, start, delimiter);
         std::string_view piece(text.data() + start, end - start);
         if (trims) piece = TrimSpaces(piece);
@@ -36,12 +36,11 @@ std::vector<const char*> Split(std::string& text, std::string_view delimiter, bo
         pieces.push_back(text.data() + first);
         if (end == text.size()) {
             text.resize(first + piece.size());
-            break;
+            return pieces;
         }
         text[first + piece.size()] = '\0';
         start = end + delimiter.size();
     }
-    return pieces;
 }
 
 }  // namespace

@@ -178,22 +178,23 @@ bool StatementParser::ParseElse() {
 }
 
 bool StatementParser::ParseEndIf() {
-    if (!BeginKeyword(TokenCode::EndIf) || !PatchBranches(compiler_.GetGroupCount())) return false;
+    if (!BeginKeyword(TokenCode::EndIf)) return false;
+    PatchBranches(compiler_.GetGroupCount());
     compiler_.Insert(MakeControl(Control::EndIf));
     return preprocessor_.ParseDirectives();
 }
 
 /// Sets the targets of the branches of the block that ends, back to its `if`.
 /// @param end  the group of the `endif`.
-bool StatementParser::PatchBranches(std::int32_t end) {
+void StatementParser::PatchBranches(std::int32_t end) {
     std::int32_t target = end;
-    while (!pending_.empty()) {
+    for (;;) {
         const Pending branch = pending_.back();
         pending_.pop_back();
         switch (branch.statement->GetControl()) {
             case Control::If:
                 branch.statement->SetFalseTarget(target);
-                return true;
+                return;
             case Control::ElseIf:
                 branch.statement->SetFalseTarget(target);
                 target = branch.group;
@@ -201,14 +202,11 @@ bool StatementParser::PatchBranches(std::int32_t end) {
             case Control::Else:
                 target = branch.group;
                 break;
-            case Control::BranchEnd:
+            default:
                 branch.statement->SetJumpTarget(end);
                 break;
-            default:
-                return false;
         }
     }
-    return false;
 }
 
 bool StatementParser::ParseLoop(std::uint32_t line) {

@@ -46,7 +46,7 @@ private:
     bool ParseConditional(Control control);
     bool ParseBody();
     void EndBranch();
-    bool PatchBranches(std::int32_t end);
+    void PatchBranches(std::int32_t end);
     StatementPointer<CMacroStatementControl> MakeControl(Control control);
 
     MacroCompiler& compiler_;

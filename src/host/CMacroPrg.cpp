@@ -186,7 +186,6 @@ bool CMacroPrg::RunGroups(RunMeter* meter) {
         auto progress = plan::Progress::ToRun;
         if (plan != nullptr && plan->Covers(group) && GetState() == State::Running) {
             const plan::Exit exit = plan->Run(group, state_, current_, meter);
-            if (exit.statement == statements_.size()) break;
             current_ = exit.statement;
             progress = exit.progress;
             group = GroupOfCurrent();

@@ -83,14 +83,10 @@ Token* CLex::ScanAhead(Substitution substitution) {
     return &end_;
 }
 
-bool CLex::IsSkipped(const Token& token) const {
-    return conditional_.skipMask != 0 && !token.IsLineEnd() && !token.IsEnd() &&
-           token.kind != TokenKind::Directive;
-}
-
 /// Consumes the tokens of a skipped region, the first of which is given. @return as PeekToken.
 Token* CLex::SkipFrom(Token* token) {
-    while (token != nullptr && IsSkipped(*token)) {
+    while (token != nullptr && !token->IsLineEnd() && !token->IsEnd() &&
+           token->kind != TokenKind::Directive) {
         Consume();
         token = PeekToken();
     }

@@ -117,7 +117,6 @@ private:
     bool Finish(Token& token);
     bool ClassifyNumber(Token& token);
     std::string_view ReduceEscapedQuotes(std::string_view text);
-    bool IsSkipped(const Token& token) const;
     bool ReportError(std::string_view text);
     void Start(const std::string& path);
     void DiscardReadText();

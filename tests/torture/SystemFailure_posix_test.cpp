@@ -94,6 +94,7 @@ TEST_P(SystemFailure, TheTableOfPluginsIsThereOrNot) {
         succeeded = Try(allowed, [&] {
             SetMacroPluginInfo(7, handle);
             GetMacroPluginInfo(0, &id, &found);
+            RemoveMacroPluginInfo(handle);
         });
         RemoveMacroPluginInfo(handle);
         SetMacroPluginInfo(8, handle);

@@ -84,9 +84,9 @@ void PlanBuilder::BuildCount(std::size_t first, std::size_t end) {
     counted_ = static_cast<std::uint32_t>(count);
 }
 
+/// A group of a plan has another one behind it, as each loop has its exit behind it.
 std::size_t PlanBuilder::EndOfGroup(std::size_t group) const {
-    return group + 1 < program_.groupStarts.size() ? program_.groupStarts[group + 1]
-                                                   : program_.statements.size();
+    return program_.groupStarts[group + 1];
 }
 
 /// Turns the groups that steps lead to into steps, now that both are all known and stay where they are.

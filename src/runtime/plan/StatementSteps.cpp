@@ -4,9 +4,9 @@ namespace macroengine::plan {
 
 namespace {
 
+/// There is always such a group: behind each loop stands the statement that is its exit.
 Step* LeaveForGroup(std::size_t group, Frame& frame) {
-    const bool isInProgram = group < frame.groupStarts.size();
-    return Leave(frame, isInProgram ? frame.groupStarts[group] : frame.statements.size(), Progress::ToRun, 0);
+    return Leave(frame, frame.groupStarts[group], Progress::ToRun, 0);
 }
 
 /// Leaves to the statements what follows one that has run.

@@ -405,6 +405,21 @@ TEST(CMacroProperty, AnArrayOfNothingLeavesTheResultAsItWas) {
     }
 }
 
+TEST(CMacroProperty, AnArrayWithoutValuesLeavesTheResultAsItWas) {
+    Call call;
+    call->SetResultString("before");
+    EXPECT_TRUE(call->SetResultIntegerArray(2, nullptr));
+    EXPECT_TRUE(call->SetResultFloatingArray(2, nullptr));
+    EXPECT_TRUE(call->SetResultStringArray(2, nullptr));
+    EXPECT_EQ(Describe(call->TakeResult()), "text \"before\"");
+}
+
+TEST(CMacroProperty, WhereNothingIsAssignedTheAssignedValueIsOfNoKind) {
+    EXPECT_EQ(Call()->GetAssigned().eType, ValueKind::None);
+    const CMacroCommonValue assigned = Integer(5);
+    EXPECT_EQ(Call({}, &assigned)->GetAssigned().integer, 5);
+}
+
 TEST(CMacroProperty, TheTextsOfAResultAreCopied) {
     Call call;
     std::string text = "before";

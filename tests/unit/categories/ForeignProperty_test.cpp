@@ -11,9 +11,10 @@ namespace {
 
 /// What an interface object answers other than the engine's own would.
 struct Answers {
-    bool hasPaths = true;      ///< false: no path can be completed
-    std::optional<int> count;  ///< of the arguments, whatever the limits
-    std::optional<int> kind;   ///< of every argument
+    bool hasPaths = true;               ///< false: no path can be completed
+    std::optional<int> count;           ///< of the arguments, whatever the limits
+    std::optional<int> kind;            ///< of every argument
+    std::optional<unsigned int> texts;  ///< the number of arguments whose text is there
 };
 
 /// What a plug-in may hand to a built-in command that it calls: an object that is not the engine's own.
@@ -27,7 +28,9 @@ public:
     bool GetArgInteger(unsigned int index, unsigned int min, unsigned int max, int& value) override {
         return inner_.GetArgInteger(index, min, max, value);
     }
-    const char* GetArgString(unsigned int index) override { return inner_.GetArgString(index); }
+    const char* GetArgString(unsigned int index) override {
+        return answers_.texts && index >= *answers_.texts ? nullptr : inner_.GetArgString(index);
+    }
     bool GetAssignedInteger(unsigned int min, unsigned int max, int& value) override {
         return inner_.GetAssignedInteger(min, max, value);
     }
@@ -155,6 +158,13 @@ TEST_F(ForeignCall, WithoutAPathNoFileIsFound) {
     EXPECT_EQ(Call("system", "find_file", {Text("*"), Integer(0)}), "text \"\"");
     EXPECT_EQ(Call("system", "command_exec", {Integer(1), Text("a"), Text("b")}),
               Error("system.command_exec() : Command(\\b) is not find."));
+}
+
+TEST_F(ForeignCall, AParameterWhoseTextIsNotThereIsLeftOut) {
+    answers_.texts = 3;
+    const std::string path = folder_.PathOf("a");
+    EXPECT_EQ(Call("system", "command_exec", {Integer(1), Text(path), Text("b"), Text("c")}),
+              Error("system.command_exec() : Command(" + path + "\\b) is not find."));
 }
 
 TEST_F(ForeignCall, AnArrayOfNoArgumentsFails) {

@@ -237,6 +237,7 @@ TEST(FormatDirective, TheDecimalPointDoesNotDependOnTheLocale) {
         EXPECT_EQ(Write("%.2f", 1234.5), "1234.50");
         EXPECT_EQ(Write("%e", 1.5), "1.500000e+00");
         EXPECT_EQ(Write("%#.0f", 3.0), "3.");
+        EXPECT_EQ(Write("%.0f,", 3.0), "3,");
         EXPECT_EQ(Write(",%g,", 0.5), ",0.5,");
         EXPECT_EQ(Write("%a", 1.5), "0x1.8p+0");
     }

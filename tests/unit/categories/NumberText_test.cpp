@@ -104,7 +104,10 @@ TEST(ToFloating, ReadsWhatTheCLibraryReads) {
         {"123456e-99999999999999", 0.0, 22, false},
         {"1e99999999999999", kInfinity, 16, true},
         {"0x10", 16.0, 4, false},
+        {"0X1f", 31.0, 4, false},
         {"-0x1.8p1", -3.0, 8, false},
+        {"0x1p9999", kInfinity, 8, true},
+        {"-0x1p9999", -kInfinity, 9, true},
         {"0x", 0.0, 1, false},
         {"0xg", 0.0, 1, false},
         {"0x.", 0.0, 1, false},
@@ -123,7 +126,8 @@ TEST(ToFloating, ReadsWhatTheCLibraryReads) {
         EXPECT_EQ(number.isOutOfRange, c.isOutOfRange) << c.text;
     }
     EXPECT_TRUE(std::isnan(ToFloating("nan").value));
-    EXPECT_TRUE(std::signbit(ToFloating("-0").value));
+    for (const char* const text : {"-0", "-0x", "-0x.", "-1e-400"})
+        EXPECT_TRUE(std::signbit(ToFloating(text).value)) << text;
 }
 
 TEST(ToFloating, DoesNotDependOnTheLocale) {

@@ -60,6 +60,8 @@ TEST_F(CsvfileRead, ClassifiesEachCell) {
         {"0xg", "text \"0xg\""},
         {"0x1.", "text \"0x1.\""},
         {"1f", "text \"1f\""},
+        {"0f", "text \"0f\""},
+        {"1x2", "text \"1x2\""},
         {"3.5", "floating 3.5"},
         {"-3.5", "floating -3.5"},
         {"5.", "floating 5"},

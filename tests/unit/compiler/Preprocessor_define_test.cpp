@@ -26,6 +26,7 @@ TEST(PreprocessorDefine, ANameStandsForTheRestOfItsLine) {
         {"#define FORMAT test.value\nx = FORMAT(1)\n", "integer 1"},
         {"#define WHEN if\n#define END endif\nx = 0\nWHEN x == 0\nx = 2\nEND\n", "integer 2"},
         {"#define A -1\nx = 5 A\n", "integer 4"},
+        {"#define A -\nx = 5 A 1\n", "integer 4"},
         {"#define A 0x10\nx = A\n", "integer 16"},
         {"#define A\tx\nA = 3\n", "integer 3"},
         {"#define _A 5\nx = _A", "integer 5"},

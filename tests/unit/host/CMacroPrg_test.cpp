@@ -504,6 +504,18 @@ TEST(CMacroPrgGate, TheStateFinishedEndsTheRunWithSuccess) {
     EXPECT_EQ(program.GetState(), 6);
 }
 
+TEST(CMacroPrgGate, ABreakFlagDoesNotPauseARunThatIsOver) {
+    ScriptedProgram program;
+    program.Add(1, "a", [&](ScriptedStatement&) {
+        program.SetState(6);
+        return true;
+    });
+    program.Add(2, "b").SetBreakFlag(true);
+    EXPECT_EQ(program.Run(), "a");
+    EXPECT_TRUE(program.HasSucceeded());
+    EXPECT_EQ(program.GetState(), 6);
+}
+
 TEST(CMacroPrgGate, BehindTheLastGroupThereIsNoGate) {
     for (const int state : {0, 2, 4, 5, 9, 42}) {
         ScriptedProgram program;

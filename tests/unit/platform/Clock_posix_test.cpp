@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <optional>
 #include <stdlib.h>
@@ -58,6 +59,13 @@ TEST(ClockPosix, LocalTimeFollowsTheTimeZone) {
         const ScopedTimeZone zone(c.zone);
         EXPECT_EQ(TextOf(c.seconds), c.expected);
     }
+}
+
+TEST(ClockPosix, AYearThatNoIntegerHoldsHasNoLocalTime) {
+    const ScopedTimeZone zone("UTC0");
+    EXPECT_EQ(TextOf(67767976233532799), "2147483647 12 31 23 59 59 ");
+    EXPECT_EQ(TextOf(67767976233532800), "");
+    EXPECT_EQ(TextOf(INT64_MAX), "");
 }
 
 }  // namespace

@@ -15,10 +15,12 @@ TEST(CodePagePosix, ALookUpLeavesTheLocaleOfTheProcess) {
 }
 
 TEST(CodePagePosix, ALocaleThatDoesNotExistHasNoDoubleByteCharacters) {
-    EXPECT_EQ(test::RunInChild([] {
-                  setenv("LC_ALL", "no_such.locale", 1);
-                  return SystemCodePage();
-              }),
+    EXPECT_EQ(test::RunInChild(
+                  [] {
+                      setenv("LC_ALL", "no_such.locale", 1);
+                      return SystemCodePage();
+                  },
+                  test::ChildEnd::Properly),
               0);
 }
 

@@ -57,6 +57,12 @@ TEST(CodePage, ALeadByteAtTheEndIsACharacterOfItsOwn) {
     EXPECT_EQ(CharacterLength(text, text + 2), 2U);
 }
 
+TEST(CodePage, AnotherThreadMayTakeItAwayBetweenTwoLooks) {
+    const ScopedCodePage codePage(0);
+    const char text[] = "\x83\\";
+    EXPECT_EQ(detail::DoubleByteCharacterLength(text, text + 2), 1U);
+}
+
 TEST(CodePage, TheEnvironmentVariableNamesTheActiveOne) {
     for (const int page : {932, 936, 949, 950}) {
         const ScopedCodePage codePage(page);
@@ -107,7 +113,7 @@ TEST(CodePage, CharacterSetsOfTheFourCodePagesAreKnown) {
         {"BIG5", 950},      {"CP950", 950},        {"", 0},
         {"UTF-8", 0},       {"ANSI_X3.4-1968", 0}, {"ISO-8859-1", 0},
         {"EUC-JP", 0},      {"GB18030", 0},        {"BIG5X", 0},
-        {"CP1252", 0},      {"XGBK", 0},
+        {"CP1252", 0},      {"XGBK", 0},           {"{GBK}", 0},
     };
     for (const auto& c : cases)
         EXPECT_EQ(CodePageOfCharacterSet(c.name), c.codePage) << c.name;

@@ -54,6 +54,17 @@ TEST_F(ProcessPosix, AProgramThatEndsInTimeIsNotTimedOut) {
     EXPECT_EQ(result.exitCode, 3U);
 }
 
+TEST_F(ProcessPosix, AProgramRunsWithoutAnyEnvironment) {
+    WriteScript("script", "test -z \"$HOME\" && exit 4");
+    EXPECT_EQ(test::RunInChild(
+                  [this] {
+                      clearenv();
+                      return static_cast<int>(RunProcess(folder_.Path(), "script", "", 0).exitCode);
+                  },
+                  test::ChildEnd::Properly),
+              4);
+}
+
 TEST_F(ProcessPosix, ASignalGives128AndItsNumber) {
     EXPECT_EQ(ExitCode("kill -TERM $$"), 128U + SIGTERM);
     EXPECT_EQ(ExitCode("kill -KILL $$"), 128U + SIGKILL);

@@ -168,6 +168,30 @@ TEST_F(SharedMemoryPosix, ASectionOfAnotherModuleIsKeptFromThenOn) {
     EXPECT_EQ(memory.Data()[5], 55);
 }
 
+TEST_F(SharedMemoryPosix, AmongThousandsOfMappingsASectionOfAnotherModuleIsFound) {
+    // Neighbours with different rights are mappings of their own; each takes a line of some fifty bytes.
+    constexpr std::size_t kPages = 4000;
+    const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    void* const pages = mmap(nullptr, kPages * page, PROT_READ, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    ASSERT_NE(pages, MAP_FAILED);
+    for (std::size_t i = 0; i < kPages; i += 2)
+        ASSERT_EQ(mprotect(static_cast<char*>(pages) + i * page, page, PROT_NONE), 0);
+
+    ForeignSection module(name_, O_CREAT | O_EXCL);
+    ASSERT_TRUE(module.Exists() && module.Resize());
+    ASSERT_NE(module.Map(), nullptr);
+    EXPECT_TRUE(SharedMemory().Open(name_, kSize));
+    munmap(pages, kPages * page);
+}
+
+TEST_F(SharedMemoryPosix, ASectionThatSomebodyPutInThePlaceOfOursIsNotTaken) {
+    SharedMemory memory;
+    ASSERT_TRUE(memory.OpenOrCreate(name_, kSize));
+    ASSERT_EQ(shm_unlink(("/" + name_).c_str()), 0);
+    ASSERT_TRUE(LeaveBehind(name_));
+    EXPECT_TRUE(StartsAfresh(name_));
+}
+
 TEST_F(SharedMemoryPosix, ASectionOfAnotherModuleThatIsTooShortIsNotMapped) {
     ForeignSection module(name_, O_CREAT | O_EXCL);
     ASSERT_TRUE(module.Exists());

@@ -96,6 +96,10 @@ TEST(SharedMemory, MovingHandsTheViewOver) {
     assigned = std::move(target);
     EXPECT_EQ(assigned.Data(), data);
     assigned.Data()[0] = 5;
+
+    SharedMemory& itself = assigned;
+    assigned = std::move(itself);
+    EXPECT_EQ(assigned.Data(), data);
 }
 
 }  // namespace

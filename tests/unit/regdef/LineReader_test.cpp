@@ -23,6 +23,14 @@ Lines LinesOf(const std::string& bytes) {
     return lines;
 }
 
+TEST(LineReader, WithoutAFileThereIsNoLine) {
+    LineReader reader;
+    Line line{};
+    EXPECT_FALSE(reader.Next(line));
+    EXPECT_FALSE(reader.Open("no such folder/lines.txt"));
+    EXPECT_FALSE(reader.Next(line));
+}
+
 TEST(LineReader, ALineFeedEndsALineAndACarriageReturnBeforeItGoesAlong) {
     EXPECT_EQ(LinesOf("a\nb\r\n\n\r\nc"), (Lines{"a", "b", "", "", "c"}));
     EXPECT_EQ(LinesOf("a\n"), (Lines{"a"}));

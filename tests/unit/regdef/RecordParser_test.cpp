@@ -165,6 +165,7 @@ TEST(RecordParser, ABadValueIsTheOnlyMessageOfItsLine) {
         {"GAIN,0x100000000,2,0,8,RW", unreadable},
         {"GAIN,1,2,0,8,RW,D,F,99999999999", unreadable},
         {"GAIN,1,2,0,8,RW,D,F,\"", unreadable},
+        {"GAIN,1,2,0,8,RW,D,F,more \"", unreadable},
         // The rest of the line does not count, whatever it is.
         {"GAIN,x,99999999999,\"", address2Wire},
     };

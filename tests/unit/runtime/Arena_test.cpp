@@ -30,5 +30,21 @@ TEST(Arena, GivesMemoryOfEverySizeThatNothingElseUses) {
     }
 }
 
+TEST(Arena, AChunkThatHoldsLargePagesBeginsAtOne) {
+    constexpr std::uintptr_t kLargePage = std::uintptr_t{1} << 21;
+    Arena arena;
+    // Chunks double, so one of at least two large pages is among the first few.
+    for (int i = 0; i < 40; ++i) {
+        auto* const memory = static_cast<unsigned char*>(arena.Allocate(1 << 18, 8));
+        memory[0] = 1;
+        memory[(1 << 18) - 1] = 2;
+    }
+    // A piece that leaves no room for that takes a chunk as it comes.
+    auto* const large = static_cast<unsigned char*>(arena.Allocate(3 * kLargePage, 8));
+    large[0] = 3;
+    large[3 * kLargePage - 1] = 4;
+    EXPECT_EQ(large[0] + large[3 * kLargePage - 1], 7);
+}
+
 }  // namespace
 }  // namespace macroengine

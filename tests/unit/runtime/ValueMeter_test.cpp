@@ -61,6 +61,17 @@ TEST(ValueMeter, WhatArraysHoldCounts) {
     EXPECT_GT(BytesLeftBy(array + "b[1] = \"y\" + 2\n"), BytesLeftBy(array));
 }
 
+TEST(ValueMeter, WhatIsGivenBackMayBeMoreThanWhatWasTaken) {
+    // What no variable held when the run began, such as a literal's text, counts for nothing until it goes.
+    void* const before = ::operator new(64);
+    const VariableTable variables;
+    const ValueMeter meter(variables, 1);
+    ValueMeter::GiveBack(64);
+    ::operator delete(before);
+    ::operator delete(ValueMeter::Allocate(64));
+    EXPECT_FALSE(meter.IsExceeded());
+}
+
 TEST(ValueMeter, WhatOtherThreadsTakeIsNotCounted) {
     const VariableTable variables;
     const ValueMeter meter(variables, 1);

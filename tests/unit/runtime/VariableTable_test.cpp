@@ -53,6 +53,15 @@ TEST(VariableTable, NamesCompareByteByByte) {
     EXPECT_EQ(variables.Find("vALUE"), nullptr);
 }
 
+TEST(VariableTable, NamesOfOneHashAreTwoVariables) {
+    VariableTable variables;
+    variables.Bind("costarring").value = Integer(1);
+    variables.Bind("liquid").value = Integer(2);
+    EXPECT_EQ(variables.GetCount(), 2U);
+    EXPECT_EQ(Describe(variables.Find("costarring")->value), "integer 1");
+    EXPECT_EQ(Describe(variables.Find("liquid")->value), "integer 2");
+}
+
 TEST(VariableTable, AVariableNeverMoves) {
     VariableTable variables;
     std::vector<Variable*> bound;
