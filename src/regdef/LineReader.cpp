@@ -25,6 +25,7 @@ bool LineReader::Open(const std::string& path) {
 }
 
 bool LineReader::Next(Line& line) {
+    if (!file_.IsOpen()) return false;
     std::size_t searched = 0;  // how much of the line is known to hold no line feed
     do {
         char* const begin = buffer_.data() + begin_;
@@ -45,7 +46,6 @@ bool LineReader::Next(Line& line) {
 /// Reads more behind what is left, which may move.
 /// @return false at the end of the file.
 bool LineReader::Fill() {
-    if (!file_.IsOpen()) return false;
     std::copy(buffer_.begin() + static_cast<std::ptrdiff_t>(begin_),
               buffer_.begin() + static_cast<std::ptrdiff_t>(end_), buffer_.begin());
     end_ -= begin_;

@@ -25,7 +25,7 @@ public:
     /// Reads the next line. A line feed ends a line; it and a carriage return before it are left out.
     ///
     /// @param line  receives the line, valid until the next call.
-    /// @return false at the end of the file.
+    /// @return false at the end of the file, and where none is open.
     bool Next(Line& line);
 
     /// @return whether an error has ended the reading before the end of the file.

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <new>
-#include <stdexcept>
 #include <string>
 
 #include "runtime/OperandResolution.h"
@@ -82,8 +81,6 @@ bool StoreElement(CMacroCommonValue& variable, const OperandList& subscripts, co
         Store(variable, indexes, held.View());
         return true;
     } catch (const std::bad_alloc&) {
-        return false;
-    } catch (const std::length_error&) {
         return false;
     }
 }

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
+#include <new>
 #include <string>
 
 #include "api/MacroHost.h"
@@ -111,6 +112,15 @@ TEST(Limits, AnArrayGrowsToTheLimitAndNotBeyond) {
         "a.mac(3): error : Macro aborted. (limit of 1048576 bytes of values)");
 }
 
+TEST(Limits, AnArrayOfAnyFormGrowsToTheLimitAndNotBeyond) {
+    for (const char* const value : {"i", "i + 0.5", "\"\""}) {
+        const std::string assignment = std::string("  a[i] = ") + value + "\n";
+        EXPECT_EQ(
+            RunText("i = 0\nloop i < 10000000\n" + assignment + "  i = i + 1\nendloop\n", Bytes(1 << 20)),
+            "a.mac(3): error : Macro aborted. (limit of 1048576 bytes of values)");
+    }
+}
+
 TEST(Limits, WhatIsGivenBackDoesNotCount) {
     EXPECT_EQ(RunText("i = 0\nloop i < 1000\n  a = 0\n  a[1000] = \"x\" + i\n  b = a\n  b[0] = i\n  i = i + "
                       "1\nendloop\n",
@@ -124,6 +134,21 @@ TEST(Limits, WhatEarlierRunsHaveLeftCounts) {
     EXPECT_EQ(RunWith(host, {}), "ran");
     EXPECT_EQ(RunWith(host, Bytes(600000)),
               "a.mac(3): error : Macro aborted. (limit of 600000 bytes of values)");
+}
+
+TEST(Limits, ACommandThatHidesTheLimitEndsTheRunAtTheNextStatement) {
+    MacroHost host;
+    macroengine::test::ProbeCommand hide([](CMacroPropertyIF* property) {
+        try {
+            property->SetResultString(std::string(5000, 'x').c_str());
+        } catch (const std::bad_alloc&) {
+            // As if there were nothing to tell.
+        }
+        return true;
+    });
+    ASSERT_TRUE(host->RegisterCategory(nullptr, &hide, false));
+    ASSERT_TRUE(host.Load("probe.call()\nx = 1\n"));
+    EXPECT_EQ(RunWith(host, Bytes(1000)), "a.mac(2): error : Macro aborted. (limit of 1000 bytes of values)");
 }
 
 TEST(Limits, ErrorsThatArePassedOverCountOnce) {

@@ -1,5 +1,8 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include "api/MacroHost.h"
 #include "macroengine/CRegDefFileIF.h"
@@ -120,6 +123,30 @@ TEST_P(SystemFailure, ASectionOfSharedMemoryIsMadeOrNot) {
         ASSERT_TRUE(isOpen || !succeeded) << allowed;
         ASSERT_TRUE(section.OpenOrCreate(ownName, kSize)) << allowed;
         ASSERT_FALSE(section.Open(ownName, 2 * kSize)) << allowed;
+    }
+}
+
+TEST_P(SystemFailure, ASectionThatAnotherModuleHasMappedIsFoundOrNot) {
+    const std::string name = "macroengine_torture_module_" + std::to_string(platform::ProcessId()) + "_";
+    constexpr std::size_t kSize = 64;
+    bool succeeded = false;
+    for (long allowed = 0; !succeeded; ++allowed) {
+        ASSERT_LT(allowed, kMostCalls);
+        const std::string ownName = name + (GetParam() ? "once_" : "ever_") + std::to_string(allowed);
+        const int module = shm_open(("/" + ownName).c_str(), O_RDWR | O_CREAT | O_EXCL, 0600);
+        ASSERT_NE(module, -1);
+        ASSERT_EQ(ftruncate(module, kSize), 0);
+        void* const mapped = mmap(nullptr, kSize, PROT_READ | PROT_WRITE, MAP_SHARED, module, 0);
+        ASSERT_NE(mapped, MAP_FAILED);
+        platform::SharedMemory section;
+        bool isOpen = false;
+        succeeded = Try(allowed, [&] { isOpen = section.Open(ownName, kSize); });
+        ASSERT_EQ(section.Data() != nullptr, isOpen) << allowed;
+        ASSERT_TRUE(isOpen || !succeeded) << allowed;
+        ASSERT_TRUE(section.Open(ownName, kSize)) << allowed;
+        munmap(mapped, kSize);
+        close(module);
+        shm_unlink(("/" + ownName).c_str());
     }
 }
 

@@ -1,7 +1,6 @@
 #include "runtime/plan/ElementSteps.h"
 
 #include <new>
-#include <stdexcept>
 
 #include "runtime/SharedArray.h"
 #include "runtime/plan/StatementSteps.h"
@@ -62,8 +61,6 @@ bool StoreInGeneral(SharedArray& array, std::uint32_t index, const ValueView& va
         array.Set(index, value);
         return true;
     } catch (const std::bad_alloc&) {
-        return false;
-    } catch (const std::length_error&) {
         return false;
     }
 }

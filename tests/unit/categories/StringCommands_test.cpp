@@ -91,6 +91,7 @@ TEST(StringFormat, ATextOf1024CharactersFailsSilently) {
                                 {{Text(fits + "%s"), Text("y")}, "failed"},
                                 {{Text("%1023d"), Integer(7)}, "text \"" + std::string(1022, ' ') + "7\""},
                                 {{Text("%1024d"), Integer(7)}, "failed"},
+                                {{Text("%.900f"), Floating(1e300)}, "failed"},
                                 {{Text("%s"), Text(std::string(200000, 'z'))}, "failed"},
                                 {{Text("%.3s"), Text(std::string(200000, 'z'))}, "text \"zzz\""},
                             });

@@ -231,6 +231,13 @@ TEST(CallParser, ACategoryThatNeedsACommandsNameIsAMatterOfTheRun) {
     EXPECT_EQ(macro.Compile("x = 1\ntest(1)\n"), Lines{});
     EXPECT_EQ(macro.Run(), (Lines{"main.mac(2): error : Need property name for test() command.",
                                   "main.mac(2): error : run time error !"}));
+    for (const char* const text : {"test = 1\n", "test(1) = 2\n", "x = test\n", "x = test(1)\n"}) {
+        CompiledMacro assigning;
+        EXPECT_EQ(assigning.Compile(text), Lines{}) << text;
+        EXPECT_EQ(assigning.Run(), (Lines{"main.mac(1): error : Need property name for test() command.",
+                                          "main.mac(1): error : run time error !"}))
+            << text;
+    }
 }
 
 TEST(CallParser, ACategoryWinsOverAVariableAsSoonAsItIsRegistered) {

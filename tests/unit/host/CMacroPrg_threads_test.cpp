@@ -6,6 +6,7 @@
 
 #include "host/CMacroPrg.h"
 #include "platform/Clock.h"
+#include "support/CompiledMacro.h"
 #include "unit/host/ScriptedProgram.h"
 
 namespace macroengine {
@@ -103,6 +104,49 @@ TEST(CMacroPrgPause, AStepRunsOneGroup) {
     EXPECT_EQ(run.Join(), "a b c d e");
     EXPECT_TRUE(program.HasSucceeded());
     EXPECT_EQ(program.GetState(), 6);
+}
+
+/// Pauses the program in its call with the given number.
+class PauseCommand : public CMacroCategoryBase {
+public:
+    PauseCommand(CMacroPrg& program, int call)
+        : CMacroCategoryBase("pause", "at", false, false, ""), program_(program), callsLeft_(call) {}
+
+    bool Run(CMacroPropertyIF*) override {
+        if (--callsLeft_ == 0) program_.SetState(CMacroPrg::State::Breaking);
+        return true;
+    }
+
+private:
+    CMacroPrg& program_;
+    int callsLeft_;
+};
+
+TEST(CMacroPrgPause, StepsLeadThroughALoopThatHasRunForLong) {
+    test::CompiledMacro macro;
+    CMacroPrg& program = macro.GetProgram();
+    PauseCommand pause(program, 500);
+    macro.GetCommands().AddCategoryCommand(nullptr, &pause, false);
+    ASSERT_EQ(macro.Compile("i = 0\nloop i < 1000\n  pause.at()\n  i = i + 1\n  j = i\nendloop\n"),
+              test::Lines());
+    std::thread runner([&] { EXPECT_EQ(macro.Run(), test::Lines()); });
+    const auto awaitPause = [&] {
+        while (program.GetState() != CMacroPrg::State::Breaking)
+            platform::SleepMilliseconds(1);
+    };
+    awaitPause();
+    EXPECT_EQ(macro.ValueOf("i") + ", " + macro.ValueOf("j"), "integer 499, integer 499");
+    // The increment, the assignment, the end of the loop, its condition, the command, and the increment again.
+    for (const char* const expected :
+         {"integer 500, integer 499", "integer 500, integer 500", "integer 500, integer 500",
+          "integer 500, integer 500", "integer 500, integer 500", "integer 501, integer 500"}) {
+        program.SetState(CMacroPrg::State::StepRunning);
+        awaitPause();
+        EXPECT_EQ(macro.ValueOf("i") + ", " + macro.ValueOf("j"), expected);
+    }
+    program.SetState(CMacroPrg::State::Running);
+    runner.join();
+    EXPECT_EQ(macro.ValueOf("j"), "integer 1000");
 }
 
 TEST(CMacroPrgPause, AnAbortEndsAPausedRun) {

@@ -106,6 +106,11 @@ INSTANTIATE_TEST_SUITE_P(
              "a = 2\nb[2] = 5\nloop a > -9\n b[a] = 1\n a = a - 1\nendloop\n",
              {"main.mac(4): error : failed to update array variable",
               "b = [integer 1, integer 1, integer 1]"}},
+        Case{"GapsThatAreFilled",
+             "a = 0\nloop a < 20\n b[a] = a\n a = a + 3\nendloop\n",
+             {"b = [integer 0, integer 0, integer 0, integer 3, integer 0, integer 0, integer 6, integer 0, "
+              "integer 0, integer 9, integer 0, integer 0, integer 12, integer 0, integer 0, integer 15, "
+              "integer 0, integer 0, integer 18]"}},
         Case{"ACopyOfAnArrayStaysAsItIs",
              "a = 0\nb[4] = 0\nloop a < 4\n c = b\n b[a] = a + 1\n a = a + 1\nendloop\n",
              {"b = [integer 1, integer 2, integer 3, integer 4, integer 0]",
