@@ -34,11 +34,8 @@ std::vector<const char*> Split(std::string& text, std::string_view delimiter, bo
         if (trims) piece = TrimSpaces(piece);
         const auto first = static_cast<std::size_t>(piece.data() - text.data());
         pieces.push_back(text.data() + first);
-        if (end == text.size()) {
-            text.resize(first + piece.size());
-            return pieces;
-        }
         text[first + piece.size()] = '\0';
+        if (end == text.size()) return pieces;
         start = end + delimiter.size();
     }
 }
