@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
+#include <time.h>
 #include <unistd.h>
 #include <utility>
 
@@ -23,10 +25,39 @@ int OpenRetrying(const std::string& path, int flags) {
     const std::string systemPath = ToSystemPath(path);
     int descriptor;
     do {
-        descriptor = open(systemPath.c_str(), flags | O_CLOEXEC, kNewFileMode);
+        // A terminal that is opened must not become that of the process, which would end with it.
+        descriptor = open(systemPath.c_str(), flags | O_CLOEXEC | O_NOCTTY, kNewFileMode);
     } while (descriptor == -1 && errno == EINTR);
     return descriptor;
 }
+
+/// Keeps the signals of a failed write from the calling thread: of a pipe that nobody reads, and of a file that
+/// would be larger than the process may make one. They would end the host; the write itself says that it failed.
+class WriteSignalBlock {
+public:
+    WriteSignalBlock() {
+        sigset_t waiting;
+        sigpending(&waiting);
+        sigemptyset(&ours_);
+        for (const int number : {SIGPIPE, SIGXFSZ}) {
+            // One that was waiting before is not ours.
+            if (sigismember(&waiting, number) == 0) sigaddset(&ours_, number);
+        }
+        pthread_sigmask(SIG_BLOCK, &ours_, &previous_);
+    }
+    ~WriteSignalBlock() {
+        constexpr timespec kNow{};
+        while (sigtimedwait(&ours_, nullptr, &kNow) != -1 || errno == EINTR) {
+        }
+        pthread_sigmask(SIG_SETMASK, &previous_, nullptr);
+    }
+    WriteSignalBlock(const WriteSignalBlock&) = delete;
+    WriteSignalBlock& operator=(const WriteSignalBlock&) = delete;
+
+private:
+    sigset_t ours_{};
+    sigset_t previous_{};
+};
 
 }  // namespace
 
@@ -76,6 +107,7 @@ std::size_t File::Read(char* buffer, std::size_t size) {
 
 bool File::Write(std::string_view text) {
     if (!IsOpen()) return false;
+    const WriteSignalBlock block;
     while (!text.empty()) {
         const ssize_t count =
             write(static_cast<int>(handle_), text.data(), std::min(text.size(), kMostAtOnce));
