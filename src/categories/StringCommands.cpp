@@ -7,6 +7,7 @@
 #include <cstring>
 #include <string>
 
+#include "categories/ArgumentRange.h"
 #include "categories/FormatDirective.h"
 #include "macroengine/CMacroPropertyIF.h"
 #include "runtime/ValueView.h"
@@ -15,8 +16,8 @@ namespace macroengine {
 
 namespace {
 
-constexpr unsigned int kMinWidth = 1;
-constexpr unsigned int kMaxWidth = 32;
+constexpr int kMinWidth = 1;
+constexpr int kMaxWidth = 32;
 
 /// The hexadecimal digits of the largest number.
 constexpr int kLongestHexadecimal = 8;
@@ -90,7 +91,7 @@ bool CMacroCategoryCmdString_int2Hexstr::Run(CMacroPropertyIF* property) {
     int width = 0;
     const int count = property->CheckArgumentCount(1, 2);
     if (count < 0 || !property->GetArgInteger(0, 0, 0, value)) return false;
-    if (count > 1 && !property->GetArgInteger(1, kMinWidth, kMaxWidth, width)) return false;
+    if (count > 1 && !ReadInRange(property, 1, kMinWidth, kMaxWidth, width)) return false;
     if (!property->CheckNoAssignedValue(false)) return false;
 
     const auto number = static_cast<std::uint32_t>(value);
@@ -111,8 +112,8 @@ bool CMacroCategoryCmdString_int2Decstr::Run(CMacroPropertyIF* property) {
     int padding = 1;
     const int count = property->CheckArgumentCount(1, 3);
     if (count < 0 || !property->GetArgInteger(0, 0, 0, value)) return false;
-    if (count > 1 && !property->GetArgInteger(1, kMinWidth, kMaxWidth, width)) return false;
-    if (count > 2 && !property->GetArgInteger(2, 0, 1, padding)) return false;
+    if (count > 1 && !ReadInRange(property, 1, kMinWidth, kMaxWidth, width)) return false;
+    if (count > 2 && !ReadInRange(property, 2, 0, 1, padding)) return false;
     if (!property->CheckNoAssignedValue(false)) return false;
 
     char digits[16] = {};

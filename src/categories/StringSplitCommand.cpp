@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "categories/ArgumentRange.h"
 #include "categories/CommandFailure.h"
 #include "categories/TrimSpaces.h"
 #include "macroengine/CMacroPropertyIF.h"
@@ -50,7 +51,7 @@ bool CMacroCategoryCmdString_Split::Run(CMacroPropertyIF* property) {
     const char* const delimiter = count > 1 ? property->GetArgString(1) : ",";
     if (delimiter == nullptr || *delimiter == '\0') return Fail(property, "Error: delimiter is null.");
     int trims = 0;
-    if (count > 2 && !property->GetArgInteger(2, 0, 1, trims)) return false;
+    if (count > 2 && !ReadInRange(property, 2, 0, 1, trims)) return false;
     if (!property->CheckNoAssignedValue(false)) return false;
 
     std::string text = target;

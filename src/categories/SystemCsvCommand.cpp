@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "categories/ArgumentRange.h"
 #include "categories/CMacroProperty.h"
 #include "categories/CommandFailure.h"
 #include "categories/CsvReader.h"
@@ -101,7 +102,7 @@ bool CMacroCategorySystem_CsvfileRead::Run(CMacroPropertyIF* property) {
     if (name == nullptr) return false;
     if (*name == '\0') return Fail(property, "Error: target file is null string");
     int converts = 0;
-    if (count > 1 && !property->GetArgInteger(1, 0, 1, converts)) return false;
+    if (count > 1 && !ReadInRange(property, 1, 0, 1, converts)) return false;
     if (!property->CheckNoAssignedValue(false)) return false;
 
     const std::string path = WorkFolderPath(property, name);

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "categories/ArgumentRange.h"
 #include "categories/CommandFailure.h"
 #include "categories/WorkFolderPath.h"
 #include "macroengine/CMacroPropertyIF.h"
@@ -45,7 +46,7 @@ std::string Unescape(std::string_view text) {
 bool WriteFile(CMacroPropertyIF* property) {
     if (property->CheckArgumentCount(3, 3) < 0) return false;
     int mode = 0;
-    if (!property->GetArgInteger(0, 0, 1, mode)) return false;
+    if (!ReadInRange(property, 0, 0, 1, mode)) return false;
     const char* const name = property->GetArgString(1);
     if (name == nullptr) return false;
     if (*name == '\0') return Fail(property, "filename is null string.");

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "categories/ArgumentRange.h"
 #include "macroengine/CMacroPropertyIF.h"
 #include "platform/Clock.h"
 
@@ -22,7 +23,7 @@ int PartOf(const platform::LocalTime& time, int part) {
 bool CMacroCategorySystem_GetTimeLocal::Run(CMacroPropertyIF* property) {
     int part = 0;
     int seconds = 0;
-    if (property->CheckArgumentCount(2, 2) < 0 || !property->GetArgInteger(0, 0, 5, part) ||
+    if (property->CheckArgumentCount(2, 2) < 0 || !ReadInRange(property, 0, 0, 5, part) ||
         !property->GetArgInteger(1, 0, 0, seconds) || !property->CheckNoAssignedValue(false)) {
         return false;
     }

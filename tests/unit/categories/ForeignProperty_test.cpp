@@ -15,6 +15,7 @@ struct Answers {
     std::optional<int> count;           ///< of the arguments, whatever the limits
     std::optional<int> kind;            ///< of every argument
     std::optional<unsigned int> texts;  ///< the number of arguments whose text is there
+    bool checksRanges = true;           ///< false: an integer is given whatever its range
 };
 
 /// What a plug-in may hand to a built-in command that it calls: an object that is not the engine's own.
@@ -26,6 +27,7 @@ public:
         return answers_.count ? *answers_.count : inner_.CheckArgumentCount(min, max);
     }
     bool GetArgInteger(unsigned int index, unsigned int min, unsigned int max, int& value) override {
+        if (!answers_.checksRanges) min = max = 0;
         return inner_.GetArgInteger(index, min, max, value);
     }
     const char* GetArgString(unsigned int index) override {
@@ -189,6 +191,22 @@ TEST_F(ForeignCall, AKindThatTheLanguageDoesNotHaveMakesNoArrayAndNoError) {
 TEST_F(ForeignCall, AReferenceToAResultIsFormattedAsAnInteger) {
     answers_.kind = 5;
     EXPECT_EQ(Call("string", "format", {Text("%d"), Integer(42)}), "text \"42\"");
+}
+
+TEST_F(ForeignCall, ARangeThatTheInterfaceDoesNotCheckIsKeptAllTheSame) {
+    answers_.checksRanges = false;
+    for (const int width : {33, 1000, 2147483647, 0, -1}) {
+        EXPECT_EQ(Call("string", "int2hex", {Integer(7), Integer(width)}), "") << width;
+        EXPECT_EQ(Call("string", "int2dec", {Integer(7), Integer(width)}), "") << width;
+    }
+    for (const int flag : {-1, 2}) {
+        EXPECT_EQ(Call("string", "int2dec", {Integer(7), Integer(2), Integer(flag)}), "") << flag;
+        EXPECT_EQ(Call("string", "split", {Text("a"), Text(","), Integer(flag)}), "") << flag;
+        EXPECT_EQ(Call("system", "csvfile_read", {Text("a.csv"), Integer(flag)}), "") << flag;
+        EXPECT_EQ(Call("system", "file_write", {Integer(flag), Text("a"), Text("b")}), "") << flag;
+    }
+    EXPECT_EQ(Call("system", "get_time_local", {Integer(6), Integer(0)}), "");
+    EXPECT_EQ(Call("system", "get_time_local", {Integer(-1), Integer(0)}), "");
 }
 
 }  // namespace
