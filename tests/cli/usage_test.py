@@ -115,6 +115,7 @@ class UsageTest(CliTest):
             (["run", "a.mac", "--loud"], "there is no option --loud"),
             (["run", "a.mac", "b.mac"], "The following argument was not expected: b.mac"),
             (["run", "a.mac", "check"], "The following argument was not expected: check"),
+            (["=x"], "The following argument was not expected: =x"),
         ]:
             with self.subTest(arguments):
                 self.assert_result(
@@ -138,6 +139,15 @@ class UsageTest(CliTest):
                 self.assert_result(
                     self.macroctl("run", "a.mac", *arguments), 2,
                     err=f"macroctl: {reason}\nRun with --help for more information.\n")
+
+    def test_an_argument_of_any_length_is_refused_with_its_reason(self) -> None:
+        word = "x" * (20000 if MACROCTL.suffix == ".exe" else 100000)
+        for option, reason in [("--format", f"there is no format named {word}"),
+                               ("--max-seconds", f"{word} is no number from 0 on")]:
+            with self.subTest(option):
+                self.assert_result(
+                    self.macroctl("run", "a.mac", option, word), 2,
+                    err=f"macroctl: {option}: {reason}\nRun with --help for more information.\n")
 
     def test_the_help_fits_a_terminal(self) -> None:
         for subcommand in ["", "run", "check", "registers", "diff", "encode", "decode"]:

@@ -2,9 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
-#include <regex>
 #include <string>
-#include <utility>
+#include <string_view>
 #include <vector>
 
 #include "text/Similar.h"
@@ -38,8 +37,9 @@ const char kFooter[] =
 /// @param first  the first argument, which is where a subcommand stands.
 std::string MistypedArgument(const CLI::App& app, const std::string& first) {
     const std::vector<std::string> unexpected = app.remaining(true);
-    if (unexpected.empty() || unexpected.front().empty()) return {};
+    if (unexpected.empty()) return {};
     const std::string written = unexpected.front().substr(0, unexpected.front().find('='));
+    if (written.empty()) return {};
     const std::vector<CLI::App*> chosen = app.get_subcommands();
     const bool isOption = written.front() == '-';
     std::vector<std::string> names;
@@ -62,17 +62,29 @@ std::string MistypedArgument(const CLI::App& app, const std::string& first) {
            DidYouMean(similar.Best());
 }
 
-/// @return the parser's message, in our words where its own are those of a programmer.
+bool RemoveEnd(std::string_view& text, std::string_view end) {
+    if (text.size() < end.size() || text.substr(text.size() - end.size()) != end) return false;
+    text.remove_suffix(end.size());
+    return true;
+}
+
+/// @return the parser's message, in our words where its own are those of a programmer. It may quote an argument
+///         of any length.
 std::string Explain(const CLI::ParseError& error) {
-    static const std::pair<std::regex, const char*> kWords[] = {
-        {std::regex("(.*) was given a disallowed flag override"), "--$1 takes no value"},
-        {std::regex("(.*): 1 required (.*) missing"), "$1 needs a value, $2"},
-        {std::regex("(.*): At Most 1 required but received \\d+"), "$1 is given more than once"},
-    };
-    std::string message = error.what();
-    for (const auto& [theirs, ours] : kWords) {
-        if (std::regex_match(message, theirs)) return std::regex_replace(message, theirs, ours);
-    }
+    constexpr std::string_view kRequired = ": 1 required ";
+    constexpr std::string_view kAtMost = ": At Most 1 required but received ";
+    const std::string message = error.what();
+    std::string_view text = message;
+    if (RemoveEnd(text, " was given a disallowed flag override"))
+        return "--" + std::string(text) + " takes no value";
+    std::size_t place = text.find(kRequired);
+    if (place != std::string_view::npos && RemoveEnd(text, " missing"))
+        return std::string(text.substr(0, place)) + " needs a value, " +
+               std::string(text.substr(place + kRequired.size()));
+    place = text.find(kAtMost);
+    if (place != std::string_view::npos &&
+        text.find_first_not_of("0123456789", place + kAtMost.size()) == std::string_view::npos)
+        return std::string(text.substr(0, place)) + " is given more than once";
     return message;
 }
 
