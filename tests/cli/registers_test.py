@@ -304,6 +304,15 @@ class ErrorTest(CliTest):
         self.assert_result(
             self.macroctl("registers", "--psc", "no.txt"), 1, err="error : File open error. (no.txt)\n")
 
+    @unittest.skipIf(IS_WINDOWS, "needs a name for standard input")
+    def test_a_pipe_is_read_once(self) -> None:
+        self.assert_result(self.macroctl("registers", "/dev/stdin", text="A 1 10 0 8\n"), 1,
+                           err="error : File read error. (/dev/stdin)\n")
+        self.assert_result(
+            self.macroctl("registers", "--psc", "/dev/stdin", text="A 1 10 0 8\n"), 0,
+            "NAME  2-WIRE  3-WIRE  LSB  LEN  RW  ENDIAN  INITIAL  FUNCTION\n"
+            "A     0x0010  0x0010    0    8  RW  little     0x01  A %d 10 0 8\n")
+
     def test_a_section_without_the_other(self) -> None:
         self.write("a.rgi", "[ENDIAN]\nB:0..1\n")
         result = self.macroctl("registers", "a.rgi")

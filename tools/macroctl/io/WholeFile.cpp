@@ -42,6 +42,11 @@ fs::path TemporaryName(fs::path path) {
     return path;
 }
 
+bool ReadRegularFile(const std::string& path, std::string& bytes) {
+    std::error_code ignored;
+    return fs::is_regular_file(ToFilePath(path), ignored) && ReadWholeFile(path, bytes);
+}
+
 }  // namespace
 
 bool ReadWholeFile(const std::string& path, std::string& bytes) {
@@ -57,9 +62,9 @@ bool ReadStandardInput(std::string& bytes) {
 }
 
 bool ReadSourceFile(std::string path, std::string& bytes) {
-    if (ReadWholeFile(path, bytes)) return true;
+    if (ReadRegularFile(path, bytes)) return true;
     std::replace(path.begin(), path.end(), '\\', '/');
-    return ReadWholeFile(path, bytes);
+    return ReadRegularFile(path, bytes);
 }
 
 bool WriteWholeFile(const std::string& path, const std::string& bytes) {

@@ -14,7 +14,9 @@ bool ReadWholeFile(const std::string& path, std::string& bytes);
 /// @return false when it can't be read.
 bool ReadStandardInput(std::string& bytes);
 
-/// Reads a file as the engine does, which takes both separators of folders for the system's own.
+/// Reads a file that the engine reads too, taking both separators of folders for the system's own as it does.
+///
+/// @return false also for a pipe or a device: what is read here of one would be missing there.
 bool ReadSourceFile(std::string path, std::string& bytes);
 
 /// Writes a file whole or not at all: a file that was there stays as it was until the new one is complete.
