@@ -1,8 +1,9 @@
 """Macros made to hurt. Each ends in a message with its place or in a plain result, in little memory and time."""
 
+import resource
 import unittest
 
-from hostile_support import HostileTest
+from hostile_support import MACROCTL, HostileTest
 
 MILLION = 1_000_000
 LONG = 300_000
@@ -157,6 +158,17 @@ class SizeTest(HostileTest):
         text = 'a = system.csvfile_read("t.csv", 1)\nn = array.max(a)\nboard.print(n)\n'
         self.assert_result(self.run_macro(text), 0, "1000002\n")
         self.assert_fails(self.run_macro(text, mebibytes=64), "a.mac(1)", NO_MEMORY)
+
+
+class SystemTest(HostileTest):
+    @unittest.skipIf(resource.getrlimit(resource.RLIMIT_STACK)[1] != resource.RLIM_INFINITY, "stacks have a limit")
+    def test_a_thread_that_the_system_refuses(self) -> None:
+        """Its stack would take more than all of the memory."""
+        self.write("a.mac", "x = 1\n")
+        limits = 'ulimit -s 1048576; ulimit -v 524288; ulimit -c 0; exec "$@"'
+        result = self.execute("/bin/sh", "-c", limits, "sh", str(MACROCTL), "run", "a.mac")
+        self.assertRegex(result.err, r"\Amacroctl: .+\n\Z")
+        self.assertEqual((result.status, result.out), (1, ""))
 
 
 class SubstitutionTest(HostileTest):

@@ -2,7 +2,7 @@
 
 import unittest
 
-from hostile_support import HostileTest
+from hostile_support import MACROCTL, HostileTest
 
 MILLION = 1_000_000
 HEADER = "[REGISTER]\nREGISTER_NAME,ADDRESS_2WIRE,LSB,LENGTH,RW\n"
@@ -27,6 +27,14 @@ class RegistersTest(HostileTest):
     def test_many_errors(self) -> None:
         result = self.read_registers("a.rgi", HEADER + "?\n" * MILLION, mebibytes=1024)
         self.assertEqual(result.out.splitlines()[0], "sectioned: 0 records, 1000000 errors")
+
+    def test_a_comparison_without_memory_is_none(self) -> None:
+        self.write("a.txt", "".join(f"R{i} h1F {i:X} 0 8\n" for i in range(300_000)))
+        for mebibytes in (24, 48, 72):
+            with self.subTest(mebibytes):
+                result = self.limited(mebibytes, str(MACROCTL), "diff", "a.txt", "a.txt")
+                self.assertEqual((result.status, result.out), (3, ""), result.err)
+                self.assertRegex(result.err, r"^(macroctl: out of memory|a\.txt\(\d+\): error : Memory allocation error)\n")
 
     def test_long_lines(self) -> None:
         long = "x" * (100 << 20)

@@ -6,7 +6,7 @@ import sys
 sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "cli"))
 from cli_support import MACROCTL, CliTest, Result, program  # pylint: disable=wrong-import-position
 
-__all__ = ["HostileTest", "Result"]
+__all__ = ["MACROCTL", "HostileTest", "Result"]
 
 PROCESSOR_SECONDS = 10
 

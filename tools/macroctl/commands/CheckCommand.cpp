@@ -63,7 +63,7 @@ void AddCheck(CLI::App& app, Action& chosen) {
         "Examples:\n"
         "  macroctl check --registers amplifier.rgi bringup.mac\n"
         "  macroctl check --board --format json register_bits.mac");
-    check->callback([options, &chosen] { chosen = [options] { return Check(*options); }; });
+    check->callback([options, &chosen] { chosen.run = [options] { return Check(*options); }; });
 }
 
 }  // namespace macroctl

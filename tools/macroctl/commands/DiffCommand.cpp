@@ -66,7 +66,10 @@ void AddDiff(CLI::App& app, Action& chosen) {
         "  1  changes, none of them breaking\n"
         "  2  at least one breaking change; also wrong usage\n"
         "  3  a file can't be read without an error");
-    command->callback([options, &chosen] { chosen = [options] { return Compare(*options); }; });
+    command->callback([options, &chosen] {
+        chosen.run = [options] { return Compare(*options); };
+        chosen.failure = kExitUnreadable;
+    });
 }
 
 }  // namespace macroctl

@@ -47,8 +47,9 @@ void Add(CLI::App& app, Action& chosen, const char* name, const char* descriptio
         ->required()
         ->option_text(" ");
     command->footer(footer);
-    command->callback(
-        [options, convert, &chosen] { chosen = [options, convert] { return Convert(*options, convert); }; });
+    command->callback([options, convert, &chosen] {
+        chosen.run = [options, convert] { return Convert(*options, convert); };
+    });
 }
 
 }  // namespace

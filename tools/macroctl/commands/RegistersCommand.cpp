@@ -69,7 +69,7 @@ void AddRegisters(CLI::App& app, Action& chosen) {
         "Exit status:\n"
         "  0  all went well\n"
         "  1  a file can't be read or has errors; what could be read is shown too");
-    command->callback([options, &chosen] { chosen = [options] { return ShowRegisters(*options); }; });
+    command->callback([options, &chosen] { chosen.run = [options] { return ShowRegisters(*options); }; });
 }
 
 }  // namespace macroctl

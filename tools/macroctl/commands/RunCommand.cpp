@@ -78,7 +78,7 @@ void AddRun(CLI::App& app, Action& chosen) {
     run->callback([options, &chosen] {
         if (options->language.traceBus && !options->language.HasBoard())
             throw CLI::RequiresError("--trace-bus", "--board or --registers");
-        chosen = [options] { return Run(*options); };
+        chosen.run = [options] { return Run(*options); };
     });
 }
 

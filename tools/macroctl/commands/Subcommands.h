@@ -11,7 +11,10 @@ class App;
 namespace macroctl {
 
 /// What a subcommand does once the whole command line has been read.
-using Action = std::function<ExitStatus()>;
+struct Action {
+    std::function<ExitStatus()> run;
+    ExitStatus failure = kExitFailed;  ///< what to tell when it ends in an exception
+};
 
 // Each adds one subcommand with its options to the program. When the command line names the subcommand,
 // `chosen`, which outlives `app`, receives its action.
