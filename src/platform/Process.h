@@ -20,9 +20,9 @@ struct ProcessResult {
 ///
 /// On POSIX the program gets its arguments by SplitParameterLine, reads from an empty standard input and
 /// inherits the standard output and error streams, the environment and nothing else. It runs in a process
-/// group of its own, all of which is killed after a time-out; programs that it left running when it ended by
-/// itself go on. One that is ended by a signal has the exit code 128 and the signal's number. On Windows the
-/// shell opens the file, with the program that belongs to it.
+/// group of its own, all of which is killed after a time-out as far as it is not another user's; programs
+/// that it left running when it ended by itself go on. One that is ended by a signal has the exit code 128
+/// and the signal's number. On Windows the shell opens the file, with the program that belongs to it.
 ///
 /// @param folder          the folder that it works in; empty for the current one.
 /// @param command         the file to run, relative to the folder unless it is absolute.

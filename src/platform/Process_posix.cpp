@@ -251,8 +251,8 @@ ProcessResult RunProcess(const std::string& folder, const std::string& command,
     if (wait == Wait::Running) {
         // The group holds the programs that this one has started; the program itself may have left it.
         kill(-*child, SIGKILL);
-        kill(*child, SIGKILL);
-        WaitOnce(*child, 0, status);
+        // One that has become another user's can't be ended, and may never end by itself.
+        if (kill(*child, SIGKILL) == 0) WaitOnce(*child, 0, status);
         result.timedOut = true;
     } else if (wait == Wait::Ended) {
         result.exitCodeKnown = true;

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <dirent.h>
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/types.h>
@@ -23,6 +24,7 @@ struct SystemPolicy {
     int error = EIO;
     bool isInterrupted = false;  ///< each call fails with EINTR the first time
     bool isShort = false;        ///< a byte at a time is read and written
+    bool refusesKills = false;   ///< no process may be sent a signal
     long count = 0;
     long failures = 0;
 };
@@ -94,6 +96,7 @@ int __real_ftruncate(int descriptor, off_t size);
 int __real_posix_fallocate(int descriptor, off_t offset, off_t size);
 void* __real_mmap(void* address, std::size_t size, int protection, int flags, int descriptor, off_t offset);
 int __real_setenv(const char* name, const char* value, int overwrite);
+int __real_kill(pid_t process, int signalNumber);
 
 int __wrap_open(const char* path, int flags, ...) {
     va_list arguments;
@@ -156,6 +159,12 @@ void* __wrap_mmap(void* address, std::size_t size, int protection, int flags, in
 }
 int __wrap_setenv(const char* name, const char* value, int overwrite) {
     return macroengine::test::Refuse() ? -1 : __real_setenv(name, value, overwrite);
+}
+
+int __wrap_kill(pid_t process, int signalNumber) {
+    if (!macroengine::test::systemPolicy.refusesKills) return __real_kill(process, signalNumber);
+    errno = EPERM;
+    return -1;
 }
 
 }  // extern "C"

@@ -1,14 +1,19 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <signal.h>
 #include <string>
 #include <sys/mman.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "api/MacroHost.h"
 #include "macroengine/CRegDefFileIF.h"
 #include "macroengine/PluginInfo.h"
+#include "platform/Process.h"
 #include "platform/SharedMemory.h"
 #include "support/FailingSystem_posix.h"
+#include "support/TemporaryFolder.h"
 #include "torture/FeatureHost.h"
 #include "torture/RegisterReaders.h"
 
@@ -207,6 +212,25 @@ TEST(SystemManners, AnInterruptedWaitForAProgramGoesOn) {
         EXPECT_TRUE(host->Run());
     }
     EXPECT_EQ(host.TakeOutput(), "7");
+}
+
+TEST(SystemManners, AProgramThatMayNotBeKilledDoesNotHoldUpItsTimeOut) {
+    const test::TemporaryFolder folder;
+    folder.Write("script", "#!/bin/sh\necho $$ > id.part\nmv id.part id\nexec sleep 1000\n");
+    ASSERT_EQ(chmod(folder.PathOf("script").c_str(), 0755), 0);
+    platform::ProcessResult result;
+    {
+        SystemPolicy refusing;
+        refusing.refusesKills = true;
+        const FailingSystem failing(refusing);
+        result = platform::RunProcess(folder.Path(), "script", "", 1);
+    }
+    EXPECT_TRUE(result.timedOut);
+    while (access(folder.PathOf("id").c_str(), F_OK) != 0)
+        usleep(1000);
+    const pid_t program = std::stoi(folder.Read("id"));
+    EXPECT_EQ(kill(program, SIGKILL), 0);
+    EXPECT_EQ(waitpid(program, nullptr, 0), program);
 }
 
 }  // namespace
