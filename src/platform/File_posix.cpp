@@ -31,8 +31,9 @@ int OpenRetrying(const std::string& path, int flags) {
     return descriptor;
 }
 
-/// Keeps the signals of a failed write from the calling thread: of a pipe that nobody reads, and of a file that
-/// would be larger than the process may make one. They would end the host; the write itself says that it failed.
+/// Keeps the signals of a failed write from the calling thread: of a pipe that nobody reads, and of a file
+/// that would be larger than the process may make one. They would end the host; the write itself says that
+/// it failed.
 class WriteSignalBlock {
 public:
     WriteSignalBlock() {

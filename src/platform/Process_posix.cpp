@@ -37,9 +37,14 @@ constexpr long kUnlimitedDescriptors = 65536;
 class Pipe {
 public:
     Pipe() {
+#if defined(__linux__)
+        // At once: a program that another thread starts meanwhile would keep the pipe open as long as it runs.
+        static_cast<void>(pipe2(ends_, O_CLOEXEC));
+#else
         if (pipe(ends_) != 0) return;
         for (const int end : ends_)
             fcntl(end, F_SETFD, FD_CLOEXEC);
+#endif
     }
     ~Pipe() {
         CloseWriter();
@@ -48,9 +53,15 @@ public:
     Pipe(const Pipe&) = delete;
     Pipe& operator=(const Pipe&) = delete;
 
-    bool IsOpen() const { return ends_[0] != -1; }
-    int Reader() const { return ends_[0]; }
-    int Writer() const { return ends_[1]; }
+    bool IsOpen() const {
+        return ends_[0] != -1;
+    }
+    int Reader() const {
+        return ends_[0];
+    }
+    int Writer() const {
+        return ends_[1];
+    }
 
     void CloseWriter() {
         if (ends_[1] != -1) close(ends_[1]);

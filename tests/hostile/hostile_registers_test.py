@@ -34,7 +34,8 @@ class RegistersTest(HostileTest):
             with self.subTest(mebibytes):
                 result = self.limited(mebibytes, str(MACROCTL), "diff", "a.txt", "a.txt")
                 self.assertEqual((result.status, result.out), (3, ""), result.err)
-                self.assertRegex(result.err, r"^(macroctl: out of memory|a\.txt\(\d+\): error : Memory allocation error)\n")
+                self.assertRegex(
+                    result.err, r"^(macroctl: out of memory|a\.txt\(\d+\): error : Memory allocation error)\n")
 
     def test_long_lines(self) -> None:
         long = "x" * (100 << 20)

@@ -22,9 +22,10 @@ struct SystemPolicy {
     long allowed = -1;  ///< calls that still succeed; negative for any number
     bool once = false;  ///< whether only one call fails
     int error = EIO;
-    bool isInterrupted = false;  ///< each call fails with EINTR the first time
-    bool isShort = false;        ///< a byte at a time is read and written
-    bool refusesKills = false;   ///< no process may be sent a signal
+    bool isInterrupted = false;    ///< each call fails with EINTR the first time
+    bool isShort = false;          ///< a byte at a time is read and written
+    bool refusesKills = false;     ///< no process may be sent a signal
+    void (*pipeMade)() = nullptr;  ///< called when there is a new pipe
     long count = 0;
     long failures = 0;
 };
@@ -88,7 +89,7 @@ off_t __real_lseek(int descriptor, off_t offset, int from);
 DIR* __real_opendir(const char* path);
 struct dirent* __real_readdir(DIR* directory);
 int __real_mkdir(const char* path, mode_t mode);
-int __real_pipe(int* ends);
+int __real_pipe2(int* ends, int flags);
 pid_t __real_fork();
 pid_t __real_waitpid(pid_t child, int* status, int options);
 int __real_shm_open(const char* name, int flags, mode_t mode);
@@ -131,8 +132,10 @@ struct dirent* __wrap_readdir(DIR* directory) {
 int __wrap_mkdir(const char* path, mode_t mode) {
     return macroengine::test::Refuse() ? -1 : __real_mkdir(path, mode);
 }
-int __wrap_pipe(int* ends) {
-    return macroengine::test::Refuse() ? -1 : __real_pipe(ends);
+int __wrap_pipe2(int* ends, int flags) {
+    if (macroengine::test::Refuse() || __real_pipe2(ends, flags) != 0) return -1;
+    if (macroengine::test::systemPolicy.pipeMade != nullptr) macroengine::test::systemPolicy.pipeMade();
+    return 0;
 }
 pid_t __wrap_fork() {
     if (macroengine::test::Refuse()) return -1;

@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <spawn.h>
 #include <string>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -231,6 +232,28 @@ TEST(SystemManners, AProgramThatMayNotBeKilledDoesNotHoldUpItsTimeOut) {
     const pid_t program = std::stoi(folder.Read("id"));
     EXPECT_EQ(kill(program, SIGKILL), 0);
     EXPECT_EQ(waitpid(program, nullptr, 0), program);
+}
+
+pid_t startedMeanwhile = -1;
+
+void StartMeanwhile() {
+    char name[] = "sleep";
+    char seconds[] = "1000";
+    char* const arguments[] = {name, seconds, nullptr};
+    posix_spawn(&startedMeanwhile, "/bin/sleep", nullptr, nullptr, arguments, nullptr);
+}
+
+TEST(SystemManners, AProgramThatTheHostStartsMeanwhileDoesNotHoldUpAnother) {
+    platform::ProcessResult result;
+    {
+        SystemPolicy meanwhile;
+        meanwhile.pipeMade = StartMeanwhile;
+        const FailingSystem failing(meanwhile);
+        result = platform::RunProcess("/bin", "sh", "-c \"exit 7\"", 0);
+    }
+    EXPECT_EQ(result.exitCode, 7U);
+    EXPECT_EQ(kill(startedMeanwhile, SIGKILL), 0);
+    EXPECT_EQ(waitpid(startedMeanwhile, nullptr, 0), startedMeanwhile);
 }
 
 }  // namespace

@@ -68,8 +68,8 @@ bool RemoveEnd(std::string_view& text, std::string_view end) {
     return true;
 }
 
-/// @return the parser's message, in our words where its own are those of a programmer. It may quote an argument
-///         of any length.
+/// @return the parser's message, in our words where its own are those of a programmer. It may quote an
+///         argument of any length.
 std::string Explain(const CLI::ParseError& error) {
     constexpr std::string_view kRequired = ": 1 required ";
     constexpr std::string_view kAtMost = ": At Most 1 required but received ";
