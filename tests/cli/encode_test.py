@@ -129,6 +129,21 @@ class EncodeTest(CliTest):
         self.assertTrue((self.folder / "link").is_symlink())
         self.assertEqual((target.read_bytes(), target.stat().st_mode & 0o777), (b"vg**", 0o640))
 
+    @unittest.skipIf(IS_WINDOWS, "links are those of POSIX")
+    def test_a_link_to_what_is_not_there_stays_one(self) -> None:
+        self.put("a", b"A")
+        (self.folder / "link").symlink_to("target")
+        self.assert_result(self.macroctl("encode", "a", "link"), 0)
+        self.assertTrue((self.folder / "link").is_symlink())
+        self.assertEqual(self.get("target"), b"vg**")
+
+    @unittest.skipIf(IS_WINDOWS, "the limit is that of POSIX systems")
+    def test_a_name_may_be_as_long_as_the_system_lets_it(self) -> None:
+        name = "n" * os.pathconf(self.folder, "PC_NAME_MAX")
+        self.put("a", b"A")
+        self.assert_result(self.macroctl("encode", "a", name), 0)
+        self.assertEqual(self.get(name), b"vg**")
+
     @unittest.skipIf(IS_WINDOWS or not pathlib.Path("/dev/stdout").exists(), "needs standard output as a file")
     def test_a_device_is_written_to(self) -> None:
         self.put("a", b"A\n")

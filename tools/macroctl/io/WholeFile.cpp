@@ -36,10 +36,10 @@ bool WriteBytes(const fs::path& path, const char* mode, const std::string& bytes
     return std::fclose(stream.release()) == 0 && written;
 }
 
-/// Beside the file, because only within one file system a file can take another's place.
+/// Beside the file, because only within one file system a file can take another's place, and under a name of
+/// its own, because a long one may not grow.
 fs::path TemporaryName(fs::path path) {
-    path += "." + std::to_string(std::random_device()()) + ".tmp";
-    return path;
+    return path.replace_filename(".macroctl-" + std::to_string(std::random_device()()) + ".tmp");
 }
 
 bool ReadRegularFile(const std::string& path, std::string& bytes) {
@@ -72,7 +72,8 @@ bool WriteWholeFile(const std::string& path, const std::string& bytes) {
     std::error_code error;
     const fs::file_status status = fs::status(file, error);
     const bool exists = fs::exists(status);
-    if (exists && !fs::is_regular_file(status)) return WriteBytes(file, "wb", bytes);
+    const bool leadsNowhere = !exists && fs::is_symlink(fs::symlink_status(file, error));
+    if (leadsNowhere || (exists && !fs::is_regular_file(status))) return WriteBytes(file, "wb", bytes);
 
     // A link stays one: what it leads to is replaced.
     const fs::path target = exists ? fs::canonical(file, error) : file;

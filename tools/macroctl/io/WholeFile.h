@@ -21,7 +21,7 @@ bool ReadSourceFile(std::string path, std::string& bytes);
 
 /// Writes a file whole or not at all: a file that was there stays as it was until the new one is complete.
 ///
-/// What is no file in a folder, such as a device, is written to directly.
+/// What is no file in a folder, such as a device or a link to what isn't there yet, is written to directly.
 ///
 /// @return false when the bytes can't be written.
 bool WriteWholeFile(const std::string& path, const std::string& bytes);
