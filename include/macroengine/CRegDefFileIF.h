@@ -52,7 +52,7 @@ public:
     /// @param path  the file; `\` and `/` both separate folders. Null is taken as the empty text. A sectioned
     ///              `.iod`, `.dat` or `.rgi` file may be in the encoded form.
     /// @return *sectioned:* true when there was nothing to report; *line-based:* true when the file could be
-    ///         opened, whatever GetErrorCount says of its lines.
+    ///         read to its end, whatever GetErrorCount says of its lines.
     virtual bool Load(const char* path) = 0;
 
     /// @return the number of error lines.
