@@ -116,7 +116,7 @@ TEST(FilePosix, APipeThatNobodyReadsFailsTheWriteAndNotTheProcess) {
         if (file.Write("text")) return 2;
         return IsFree(SIGPIPE) ? 0 : 3;
     };
-    EXPECT_EQ(test::RunInChild(write), 0);
+    EXPECT_EQ(test::RunInChild(write, test::ChildEnd::Properly), 0);
 }
 
 TEST(FilePosix, ASignalOfTheHostsOwnIsStillThereAfterAWrite) {
@@ -133,7 +133,7 @@ TEST(FilePosix, ASignalOfTheHostsOwnIsStillThereAfterAWrite) {
         sigpending(&waiting);
         return sigismember(&waiting, SIGPIPE) == 1 ? 0 : 2;
     };
-    EXPECT_EQ(test::RunInChild(write), 0);
+    EXPECT_EQ(test::RunInChild(write, test::ChildEnd::Properly), 0);
 }
 
 TEST(FilePosix, AFileThatMayNotGrowFailsTheWriteAndNotTheProcess) {
