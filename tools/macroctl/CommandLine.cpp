@@ -73,7 +73,7 @@ bool RemoveEnd(std::string_view& text, std::string_view end) {
 std::string Explain(const CLI::ParseError& error) {
     constexpr std::string_view kRequired = ": 1 required ";
     constexpr std::string_view kAtMost = ": At Most 1 required but received ";
-    const std::string message = error.what();
+    std::string message = error.what();
     std::string_view text = message;
     if (RemoveEnd(text, " was given a disallowed flag override"))
         return "--" + std::string(text) + " takes no value";
