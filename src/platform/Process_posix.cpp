@@ -33,19 +33,21 @@ constexpr int kReportDescriptor = 3;
 
 constexpr long kUnlimitedDescriptors = 65536;
 
-/// A pipe that no program inherits.
+/// Makes a pipe that no program inherits, at once where the system can: a program that another thread starts
+/// meanwhile would keep it open as long as it runs. A pipe that can't be made leaves the ends alone.
+void MakePipe(int (&ends)[2]) {
+#if defined(__linux__)
+    static_cast<void>(pipe2(ends, O_CLOEXEC));
+#else
+    if (pipe(ends) != 0) return;
+    for (const int end : ends)
+        fcntl(end, F_SETFD, FD_CLOEXEC);
+#endif
+}
+
 class Pipe {
 public:
-    Pipe() {
-#if defined(__linux__)
-        // At once: a program that another thread starts meanwhile would keep the pipe open as long as it runs.
-        static_cast<void>(pipe2(ends_, O_CLOEXEC));
-#else
-        if (pipe(ends_) != 0) return;
-        for (const int end : ends_)
-            fcntl(end, F_SETFD, FD_CLOEXEC);
-#endif
-    }
+    Pipe() { MakePipe(ends_); }
     ~Pipe() {
         CloseWriter();
         if (ends_[0] != -1) close(ends_[0]);
@@ -53,15 +55,9 @@ public:
     Pipe(const Pipe&) = delete;
     Pipe& operator=(const Pipe&) = delete;
 
-    bool IsOpen() const {
-        return ends_[0] != -1;
-    }
-    int Reader() const {
-        return ends_[0];
-    }
-    int Writer() const {
-        return ends_[1];
-    }
+    bool IsOpen() const { return ends_[0] != -1; }
+    int Reader() const { return ends_[0]; }
+    int Writer() const { return ends_[1]; }
 
     void CloseWriter() {
         if (ends_[1] != -1) close(ends_[1]);
