@@ -83,6 +83,28 @@ TEST_P(AllocationFailure, ALoadMayBeRepeated) {
     }
 }
 
+TEST_P(AllocationFailure, WhatAFailedLoadHasKeptRuns) {
+    // Of the lines before the loops depends which of their statements is the first that needs more memory.
+    for (int linesBefore = 0; linesBefore < 8; ++linesBefore) {
+        std::string text;
+        for (int i = 0; i < linesBefore; ++i)
+            text += "x = 1\n";
+        for (int i = 0; i < 40; ++i)
+            text += "i = 0\nloop i < 3\n  i = i + 1\nendloop\n";
+        bool succeeded = false;
+        for (long allowed = 0; !succeeded; ++allowed) {
+            ASSERT_LT(allowed, kMostAllocations);
+            MacroHost host;
+            const std::string path = host.GetFolder().Write("a.mac", text);
+            succeeded = Try(allowed, [&] { host->Load(path.c_str()); });
+            host.TakeErrors();
+            const bool ran = host->Run();
+            const std::string errors = host.TakeErrors();
+            ASSERT_TRUE(ran || errors == "error : Nothing macro sequence.") << allowed << errors;
+        }
+    }
+}
+
 TEST_P(AllocationFailure, AProgramMayBeStartedAgain) {
 #if defined(__linux__)
     MacroHost host;

@@ -34,9 +34,10 @@ void LoopPlans::FindRanges() {
             if (statement.GetKind() != CMacroStatementBase::Kind::Control) continue;
             const auto& control = static_cast<const CMacroStatementControl&>(statement);
             if (control.GetControl() != Control::Loop) continue;
-            // A loop that was never closed, in a program that was not loaded to its end, has no exit.
-            if (control.GetFalseTarget() == CMacroStatementBase::kNextInOrder) continue;
+            // In a program that was not loaded to its end a loop may lack its exit: it was never closed and leads
+            // nowhere (to -1), or there was no memory left for the statement that it leads to.
             const auto exit = static_cast<std::size_t>(control.GetFalseTarget());
+            if (exit >= starts.size()) continue;
             ranges_.push_back({group, exit, nullptr});
             next = exit;
             break;

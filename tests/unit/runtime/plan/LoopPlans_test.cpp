@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "runtime/CMacroStatementControl.h"
 #include "support/CompiledMacro.h"
 
 namespace macroengine {
@@ -37,6 +38,15 @@ TEST(LoopPlans, ALoopThatWasNeverClosedHasNone) {
     CompiledMacro macro;
     macro.Compile("a = 1\nloop a < 2\n a = 2\n");
     LoopPlans plans(macro.GetProgram().GetText());
+    EXPECT_EQ(plans.Find(1, false), nullptr);
+}
+
+TEST(LoopPlans, ALoopWhoseExitDoesNotStandBehindItHasNone) {
+    CompiledMacro macro;
+    macro.Compile("a = 1\nloop a < 2\n a = 2\n");
+    auto& loop = static_cast<CMacroStatementControl&>(*macro.GetProgram().GetStatements()[2]);
+    LoopPlans plans(macro.GetProgram().GetText());
+    loop.SetFalseTarget(macro.GetGroupCount());
     EXPECT_EQ(plans.Find(1, false), nullptr);
 }
 
