@@ -105,10 +105,8 @@ public:
     /// @return false when it takes more than that.
     bool StoreInteger(std::uint32_t index, std::int32_t value) {
         if (form_ != Form::Integers || index >= counts_.capacity || index > size_) return false;
-        if (index == size_) {
-            if (index >= kIndexLimit) return false;
-            ++size_;
-        }
+        if (index >= kIndexLimit) return false;
+        if (index == size_) ++size_;
         Integers()[index] = value;
         return true;
     }

@@ -88,6 +88,38 @@ TEST(Limits, Indexes) {
               "a.mac(2): error : failed to update array variable\na.mac(2): error : run time error !");
 }
 
+TEST(Limits, IndexesOfStoresInLoops) {
+    // What is there may lie beyond the limit all the same, when a command has made it.
+    const std::string failed =
+        "a.mac(4): error : failed to update array variable\na.mac(4): error : run time error !";
+    const auto store = [](const std::string& elements, const std::string& assignment) {
+        return Output("a = array.init(" + elements + ")\ni = 6\nloop i < 9\n" + assignment +
+                      "\ni = i + 1\nendloop\n");
+    };
+    const std::string integers = "0" + Repeat(", 0", 8);
+    EXPECT_EQ(store(integers, "a[i] = 1"), failed);
+    EXPECT_EQ(store(integers, "a[i] = 1.5"), failed);
+    EXPECT_EQ(store("0.5" + Repeat(", 0.5", 8), "a[i] = 1.5"), failed);
+    EXPECT_EQ(store("\"\"" + Repeat(", \"\"", 8), "a[i] = 1"), failed);
+    EXPECT_EQ(store("\"\"" + Repeat(", \"\"", 8), "a[i] = \"x\""), failed);
+
+    const auto storeNested = [](const std::string& assignment) {
+        MacroHost host;
+        host.GetFolder().Write("a.csv", Repeat("0" + Repeat(",0", 8) + "\n", 9));
+        // The rows of the first of two readings belong to the array alone.
+        return host.Output(
+            "b = 0\ni = 0\nloop i < 2\na = b\nb = system.csvfile_read(\"a.csv\", 1)\ni = i + 1\nendloop\n"
+            "i = 6\nloop i < 9\n" +
+            assignment + "\ni = i + 1\nendloop\n");
+    };
+    const std::string nestedFailed =
+        "a.mac(10): error : failed to update array variable\na.mac(10): error : run time error !";
+    EXPECT_EQ(storeNested("a[1][i] = 1"), nestedFailed);
+    EXPECT_EQ(storeNested("a[1][i] = \"x\""), nestedFailed);
+    EXPECT_EQ(storeNested("a[i][1] = 1"), nestedFailed);
+    EXPECT_EQ(storeNested("a[i][1] = \"x\""), nestedFailed);
+}
+
 TEST(Limits, Texts) {
     const std::string longest(32, 'x');
     EXPECT_EQ(Output("x = \"" + longest + "\"\ntest.put(x)\n"), longest);

@@ -54,9 +54,7 @@ bool CopyInteger(ValueView& variable, const SharedArray& array, std::uint32_t in
 /// @return false when only the statement can do it; nothing has changed then.
 bool StoreInGeneral(SharedArray& array, std::uint32_t index, const ValueView& value) {
     // What is stored may hold the array itself: the statement sees to that.
-    if (index >= SharedArray::kIndexLimit || value.eType == ValueKind::Array || !IsConcrete(value.eType)) {
-        return false;
-    }
+    if (value.eType == ValueKind::Array || !IsConcrete(value.eType)) return false;
     try {
         array.Set(index, value);
         return true;
@@ -69,6 +67,7 @@ bool StoreInGeneral(SharedArray& array, std::uint32_t index, const ValueView& va
 /// @return false when only the statement can do it; nothing has changed then.
 bool Store(SharedArray& array, std::int32_t index, const ValueView& value) {
     const auto position = static_cast<std::uint32_t>(index);
+    if (position >= SharedArray::kIndexLimit) return false;
     if (position < array.GetSize() && IsConcrete(value.eType) && array.Overwrite(position, value))
         return true;
     return StoreInGeneral(array, position, value);
@@ -127,7 +126,8 @@ Step* StoreNestedElement(Step* step, Frame& frame) {
     const ValueView& outer = *step->left;
     const ValueView& inner = *step->second;
     if (!HasElement(variable, outer) || Kind(inner) != 0 || variable.array->IsShared() ||
-        variable.array->GetForm() != Form::Cells) {
+        variable.array->GetForm() != Form::Cells ||
+        static_cast<std::uint32_t>(outer.integer) >= SharedArray::kIndexLimit) {
         return RunStatements(step, frame);
     }
     const ValueView& row = variable.array->Cells()[outer.integer];
