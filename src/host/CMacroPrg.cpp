@@ -6,6 +6,9 @@
 
 #include "platform/Clock.h"
 #include "platform/NativePath.h"
+#include "runtime/CMacroStatementCategory.h"
+#include "runtime/CMacroStatementOperate.h"
+#include "runtime/ValueSum.h"
 
 namespace macroengine {
 
@@ -163,8 +166,12 @@ bool CMacroPrg::RunGroups() {
     passedError_ = false;
 
     const bool isLimited = limits_.statements != 0 || limits_.seconds > 0.0 || limits_.valueBytes != 0;
-    if (!isLimited) return RunGroups(nullptr);
-    RunMeter meter(limits_, variables_);
+    if (!isLimited) {
+        // What it takes is not for the limit of a run whose command has started it.
+        const ValueMeter unlimited(0, 0);
+        return RunGroups(nullptr);
+    }
+    RunMeter meter(limits_, limits_.valueBytes != 0 ? CountValueBytes() : 0);
     return RunGroups(&meter);
 }
 
@@ -221,6 +228,20 @@ bool CMacroPrg::RunGroups(RunMeter* meter) {
         if (state == State::StepRunning) state_.compare_exchange_strong(state, State::Breaking);
     }
     return Finish();
+}
+
+/// Adds up what the values of the program take. Results are values that no script sees, and take as much.
+std::size_t CMacroPrg::CountValueBytes() const {
+    ValueSum sum;
+    variables_.ForEach([&](const Variable& variable) { sum.Add(variable.value.View()); });
+    for (const auto& statement : statements_) {
+        if (statement->GetKind() == CMacroStatementBase::Kind::Operate) {
+            sum.Add(static_cast<CMacroStatementOperate&>(*statement).GetResult().View());
+        } else if (statement->GetKind() == CMacroStatementBase::Kind::Category) {
+            sum.Add(static_cast<CMacroStatementCategory&>(*statement).GetResult().View());
+        }
+    }
+    return sum.Get();
 }
 
 std::size_t CMacroPrg::EndOfGroup(std::size_t group) const {

@@ -115,6 +115,7 @@ private:
     bool RunGroups();
     bool RunGroups(RunMeter* meter);
     bool EndAtLimit(const CMacroStatementBase& statement, const RunMeter& meter);
+    std::size_t CountValueBytes() const;
     std::size_t EndOfGroup(std::size_t group) const;
     std::size_t GroupOfCurrent() const;
     bool HasBreakpoints() const;

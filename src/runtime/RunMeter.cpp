@@ -22,11 +22,11 @@ Clock::time_point After(double seconds) {
 
 }  // namespace
 
-RunMeter::RunMeter(const MacroLimits& limits, const VariableTable& variables)
+RunMeter::RunMeter(const MacroLimits& limits, std::size_t valueBytes)
     : limits_(limits),
       statementsLeft_(limits.statements == 0 ? std::numeric_limits<std::uint64_t>::max() : limits.statements),
       end_(limits.seconds > 0.0 ? After(limits.seconds) : Clock::time_point::max()),
-      values_(variables, limits.valueBytes) {}
+      values_(limits.valueBytes, valueBytes) {}
 
 void RunMeter::LookAtClock() {
     if (limits_.seconds > 0.0 && Clock::now() >= end_) isLate_ = true;

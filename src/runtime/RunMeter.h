@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -12,7 +13,8 @@ namespace macroengine {
 /// Holds one run to its limits.
 class RunMeter {
 public:
-    RunMeter(const MacroLimits& limits, const VariableTable& variables);
+    /// @param valueBytes  what the values of the program take at the start.
+    RunMeter(const MacroLimits& limits, std::size_t valueBytes);
 
     /// Counts statements that are about to run.
     /// @return false when a limit is met: none of them is to run.

@@ -7,15 +7,13 @@
 
 namespace macroengine {
 
-class VariableTable;
-
 /// Counts the bytes that the texts and arrays of a program take during a run of limited memory. While it
-/// lives it sees all that this thread takes and gives back.
+/// lives it sees all that this thread takes and gives back, save what a run inside of this one does.
 class ValueMeter {
 public:
-    /// @param variables  what they hold counts from the start.
-    /// @param limit      in bytes; 0 for none, and nothing is counted then.
-    ValueMeter(const VariableTable& variables, std::uint64_t limit);
+    /// @param limit  in bytes; 0 for none, and nothing is counted then.
+    /// @param taken  the bytes that the program holds already.
+    ValueMeter(std::uint64_t limit, std::size_t taken);
     ValueMeter(const ValueMeter&) = delete;
     ValueMeter& operator=(const ValueMeter&) = delete;
     ~ValueMeter();
@@ -27,7 +25,12 @@ public:
     /// @throws std::bad_alloc also beyond the limit of this thread's meter.
     static void* Allocate(std::size_t bytes) {
         if (count_.load(std::memory_order_relaxed) != 0) Take(bytes);
-        return ::operator new(bytes);
+        try {
+            return ::operator new(bytes);
+        } catch (const std::bad_alloc&) {
+            GiveBack(bytes);
+            throw;
+        }
     }
 
     /// Counts memory that is given back.
@@ -41,9 +44,9 @@ private:
 
     static std::atomic<int> count_;  ///< of all meters, so that values cost nothing where there is none
     std::uint64_t limit_;
-    std::int64_t taken_ = 0;
+    std::int64_t taken_;
     bool isExceeded_ = false;
-    ValueMeter* outer_ = nullptr;  ///< the meter of the run whose command has started this one
+    ValueMeter* outer_;  ///< the meter of the run whose command has started this one
 };
 
 }  // namespace macroengine

@@ -151,6 +151,45 @@ TEST(Limits, ACommandThatHidesTheLimitEndsTheRunAtTheNextStatement) {
     EXPECT_EQ(RunWith(host, Bytes(1000)), "a.mac(2): error : Macro aborted. (limit of 1000 bytes of values)");
 }
 
+TEST(Limits, WhatStatementsHoldOfEarlierRunsCounts) {
+    int turns = 16;
+    MacroHost host;
+    macroengine::test::ProbeCommand probe(
+        [&](CMacroPropertyIF* property) { return property->SetResultInteger(turns); });
+    ASSERT_TRUE(host->RegisterCategory(nullptr, &probe, false));
+    ASSERT_TRUE(
+        host.Load("n = probe.call()\ni = 0\ns = \"0123456789\"\n"
+                  "loop i < n\n  s = s + s\n  i = i + 1\nendloop\ns = 0\n"));
+    EXPECT_EQ(RunWith(host, {}), "ran");
+    // The last text of 640 KB, which is still the result of its statement, is gone when the next ones grow: it is no
+    // credit to them.
+    turns = 17;
+    EXPECT_EQ(RunWith(host, Bytes(2500000)),
+              "a.mac(5): error : Macro aborted. (limit of 2500000 bytes of values)");
+}
+
+TEST(Limits, ARunInsideOfAnotherHasItsOwn) {
+    const struct {
+        std::uint64_t limit;
+        const char* result;
+    } inners[] = {{0, "ran"},
+                  {1000000, "ran"},
+                  {1000, "inner.mac(1): error : Macro aborted. (limit of 1000 bytes of values)"}};
+    for (const auto& expected : inners) {
+        MacroHost inner;
+        ASSERT_TRUE(inner.Load("a[100000] = 1\n", "inner.mac"));
+        MacroHost outer;
+        macroengine::test::ProbeCommand probe([&](CMacroPropertyIF* property) {
+            return property->SetResultString(RunWith(inner, Bytes(expected.limit)).c_str());
+        });
+        ASSERT_TRUE(outer->RegisterCategory(nullptr, &probe, false));
+        ASSERT_TRUE(outer.Load("x = probe.call()\ntest.put(x)\na[1000] = 1\na[10000] = 1\n"));
+        EXPECT_EQ(RunWith(outer, Bytes(10000)),
+                  "a.mac(4): error : Macro aborted. (limit of 10000 bytes of values)");
+        EXPECT_EQ(outer.TakeOutput(), expected.result);
+    }
+}
+
 TEST(Limits, ErrorsThatArePassedOverCountOnce) {
     const std::string text = "i = 0\nloop i < 10\n  a = 1 / i\n  i = i + 1\nendloop\n";
     for (const std::uint64_t count : {std::uint64_t{70}, std::uint64_t{74}, std::uint64_t{75}}) {

@@ -8,6 +8,7 @@
 #include "runtime/CMacroStatementAssign.h"
 #include "runtime/CMacroStatementOperate.h"
 #include "runtime/ElementStore.h"
+#include "runtime/ValueMeter.h"
 #include "runtime/ValueText.h"
 #include "runtime/VariableTable.h"
 #include "support/FailingAllocation.h"
@@ -132,6 +133,16 @@ TEST(OutOfMemory, ATextThatCanNotGrowFailsItsStatementAndKeepsTheResult) {
     unit.errors.Clear();
     EXPECT_TRUE(operate.vfRun());
     EXPECT_EQ(operate.GetResult().View().Text(), std::string(2000, 'x') + std::string(100, 'y'));
+}
+
+TEST(OutOfMemory, WhatIsNotGivenIsNotCounted) {
+    const ValueMeter meter(1000, 0);
+    for (int i = 0; i < 3; ++i) {
+        const FailingAllocation failing(0);
+        EXPECT_THROW(ValueMeter::Allocate(600), std::bad_alloc);
+    }
+    ::operator delete(ValueMeter::Allocate(600));
+    EXPECT_FALSE(meter.IsExceeded());
 }
 
 TEST(OutOfMemory, AnArrayKeepsItsElementsWhenASetFails) {
