@@ -13,14 +13,15 @@ thread_local ValueMeter* current = nullptr;
 std::atomic<int> ValueMeter::count_{0};
 
 ValueMeter::ValueMeter(std::uint64_t limit, std::size_t taken)
-    : limit_(limit),
-      taken_(static_cast<std::int64_t>(taken)),
-      outer_(std::exchange(current, limit != 0 ? this : nullptr)) {
+    : limit_(limit), taken_(static_cast<std::int64_t>(taken)) {
     if (limit_ != 0) ++count_;
+    // Where nobody counts, a thread's own storage is not asked for: it may not be there yet.
+    isInForce_ = count_.load(std::memory_order_relaxed) != 0;
+    if (isInForce_) outer_ = std::exchange(current, limit_ != 0 ? this : nullptr);
 }
 
 ValueMeter::~ValueMeter() {
-    current = outer_;
+    if (isInForce_) current = outer_;
     if (limit_ != 0) --count_;
 }
 

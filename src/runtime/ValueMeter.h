@@ -46,7 +46,8 @@ private:
     std::uint64_t limit_;
     std::int64_t taken_;
     bool isExceeded_ = false;
-    ValueMeter* outer_;  ///< the meter of the run whose command has started this one
+    bool isInForce_ = false;
+    ValueMeter* outer_ = nullptr;  ///< the meter of the run whose command has started this one
 };
 
 }  // namespace macroengine
