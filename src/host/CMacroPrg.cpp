@@ -177,7 +177,7 @@ bool CMacroPrg::RunGroups() {
 
 /// @param meter  null for a run without limits.
 bool CMacroPrg::RunGroups(RunMeter* meter) {
-    const bool usesPlans = usesPlans_ && !HasBreakpoints();
+    bool usesPlans = usesPlans_ && !HasBreakpoints();
     ExecutionPlan* plan = nullptr;  // of the loop under way
     std::size_t group = 0;
     while (group < groupStarts_.size()) {
@@ -221,7 +221,13 @@ bool CMacroPrg::RunGroups(RunMeter* meter) {
             }
         }
         if (usesPlans && nextGroup <= group && (plan == nullptr || !plan->Covers(nextGroup))) {
-            plan = plans_.Find(nextGroup, meter != nullptr);
+            try {
+                plan = plans_.Find(nextGroup, meter != nullptr);
+            } catch (const std::bad_alloc&) {
+                // All that a plan saves is time: without the memory for one this run goes on by its statements.
+                plan = nullptr;
+                usesPlans = false;
+            }
         }
         group = nextGroup;
         State state = GetState();

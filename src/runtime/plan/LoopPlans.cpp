@@ -24,8 +24,9 @@ ExecutionPlan* LoopPlans::Find(std::size_t group, bool counts) {
 
 void LoopPlans::FindRanges() {
     ranges_.clear();
+    // Nothing is known until all of them have been found.
+    knownStatements_ = 0;
     const std::vector<std::uint32_t>& starts = program_.groupStarts;
-    knownStatements_ = program_.statements.size();
     for (std::size_t group = 0; group < starts.size();) {
         const std::size_t end = group + 1 < starts.size() ? starts[group + 1] : program_.statements.size();
         std::size_t next = group + 1;
@@ -44,6 +45,7 @@ void LoopPlans::FindRanges() {
         }
         group = next;
     }
+    knownStatements_ = program_.statements.size();
 }
 
 }  // namespace macroengine

@@ -18,6 +18,8 @@ public:
     /// Finds the plan of the outermost loop around a group that is jumped back to.
     /// @param counts  whether the plan is to count its statements, for a run that has limits.
     /// @return null when the group is in no loop.
+    /// @throws std::bad_alloc when there is no memory for it; it may be asked for again. The plans found before
+    /// may be gone then.
     ExecutionPlan* Find(std::size_t group, bool counts);
 
 private:

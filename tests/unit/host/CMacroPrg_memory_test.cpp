@@ -4,13 +4,16 @@
 #include <string>
 
 #include "host/CMacroPrg.h"
+#include "support/CompiledMacro.h"
 #include "support/FailingAllocation.h"
 #include "unit/host/ScriptedProgram.h"
 
 namespace macroengine {
 namespace {
 
+using test::CompiledMacro;
 using test::FailingAllocation;
+using test::Lines;
 using test::ScriptedProgram;
 using test::ScriptedStatement;
 
@@ -54,6 +57,34 @@ TEST(CMacroPrgMemory, ARunThatCanNotBeginFailsAndMayBeTriedAgain) {
         }
         EXPECT_EQ(program.GetState(), 6);
     }
+}
+
+TEST(CMacroPrgMemory, ALoopRunsWithoutThePlanThatThereIsNoMemoryFor) {
+    bool hasFailed = false;
+    bool isWhole = false;
+    for (long allowed = 0; !isWhole; ++allowed) {
+        ASSERT_LT(allowed, 100);
+        CompiledMacro macro;
+        ASSERT_EQ(
+            macro.Compile("a = 0\nloop a < 9\n a = a + 1\nendloop\nb = 0\nloop b < 9\n b = b + 1\nendloop\n"),
+            Lines());
+        macro.GetProgram().UsePlans(true);
+        bool succeeded = false;
+        try {
+            const FailingAllocation failing(allowed);
+            succeeded = macro.GetProgram().Run();
+            isWhole = FailingAllocation::GetFailures() == 0;
+        } catch (const std::bad_alloc&) {
+        }
+        // Without the memory to begin with, no statement has run.
+        if (macro.ValueOf("a") == "undefined") continue;
+        hasFailed = hasFailed || !isWhole;
+        ASSERT_TRUE(succeeded) << allowed;
+        ASSERT_EQ(macro.ValueOf("b"), "integer 9") << allowed;
+        // Another run has the memory.
+        ASSERT_EQ(macro.Run(), Lines()) << allowed;
+    }
+    EXPECT_TRUE(hasFailed);
 }
 
 TEST(CMacroPrgMemory, AnInsertionThatFailsLeavesTheProgramAsItWas) {
