@@ -27,7 +27,8 @@ struct MacroLimits {
     double seconds = 0.0;
 
     /// How many bytes the texts and arrays of the program may take, those of earlier runs included. What is
-    /// shared counts once.
+    /// shared counts once. Error lines do not count: a run that passes over errors gathers as many as its
+    /// statements and its time allow.
     std::uint64_t valueBytes = 0;
 };
 
