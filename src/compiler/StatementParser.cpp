@@ -184,7 +184,7 @@ bool StatementParser::ParseEndIf() {
     return preprocessor_.ParseDirectives();
 }
 
-/// Sets the targets of the branches of the block that ends, back to its `if`.
+/// Sets the targets of the branches of the block that ends, back to its `if`, which stands below them.
 /// @param end  the group of the `endif`.
 void StatementParser::PatchBranches(std::int32_t end) {
     std::int32_t target = end;
@@ -202,7 +202,7 @@ void StatementParser::PatchBranches(std::int32_t end) {
             case Control::Else:
                 target = branch.group;
                 break;
-            default:
+            default:  // the jump behind a branch
                 branch.statement->SetJumpTarget(end);
                 break;
         }

@@ -106,14 +106,14 @@ TEST(CMacroPrgPause, AStepRunsOneGroup) {
     EXPECT_EQ(program.GetState(), 6);
 }
 
-/// Pauses the program in its call with the given number.
+/// Has the program pause behind its call with the given number, as if that had been a step.
 class PauseCommand : public CMacroCategoryBase {
 public:
     PauseCommand(CMacroPrg& program, int call)
         : CMacroCategoryBase("pause", "at", false, false, ""), program_(program), callsLeft_(call) {}
 
     bool Run(CMacroPropertyIF*) override {
-        if (--callsLeft_ == 0) program_.SetState(CMacroPrg::State::Breaking);
+        if (--callsLeft_ == 0) program_.SetState(CMacroPrg::State::StepRunning);
         return true;
     }
 

@@ -1,5 +1,6 @@
 #include "runtime/Arena.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -32,18 +33,23 @@ TEST(Arena, GivesMemoryOfEverySizeThatNothingElseUses) {
 
 TEST(Arena, AChunkThatHoldsLargePagesBeginsAtOne) {
     constexpr std::uintptr_t kLargePage = std::uintptr_t{1} << 21;
+    constexpr std::size_t kSize = std::size_t{1} << 18;
     Arena arena;
-    // Chunks double, so one of at least two large pages is among the first few.
-    for (int i = 0; i < 40; ++i) {
-        auto* const memory = static_cast<unsigned char*>(arena.Allocate(1 << 18, 8));
-        memory[0] = 1;
-        memory[(1 << 18) - 1] = 2;
+    std::vector<unsigned char*> pieces;
+    // Chunks double to 8 MiB: these 10 MiB need at least one that holds large pages.
+    for (unsigned char i = 0; i < 40; ++i) {
+        pieces.push_back(static_cast<unsigned char*>(arena.Allocate(kSize, 8)));
+        std::memset(pieces.back(), i, kSize);
     }
+    EXPECT_TRUE(std::any_of(pieces.begin(), pieces.end(), [](const unsigned char* piece) {
+        return reinterpret_cast<std::uintptr_t>(piece) % kLargePage == 0;
+    }));
     // A piece that leaves no room for that takes a chunk as it comes.
-    auto* const large = static_cast<unsigned char*>(arena.Allocate(3 * kLargePage, 8));
-    large[0] = 3;
-    large[3 * kLargePage - 1] = 4;
-    EXPECT_EQ(large[0] + large[3 * kLargePage - 1], 7);
+    std::memset(arena.Allocate(3 * kLargePage, 8), 255, 3 * kLargePage);
+    for (unsigned char i = 0; i < 40; ++i) {
+        const std::vector<unsigned char> expected(kSize, i);
+        ASSERT_EQ(std::memcmp(pieces[i], expected.data(), kSize), 0) << static_cast<int>(i);
+    }
 }
 
 }  // namespace
